@@ -1,0 +1,40 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "common/valor.h"
+
+namespace ztolvan {
+
+// The conversions of the old run-time, in one place. Failures raise
+// ErroExecucao: 6 (overflow) or 13 (type mismatch).
+
+// Leading-number parse: "12abc" is 12, "" and "abc" are 0, blanks are skipped,
+// the decimal point is always "." whatever the region.
+double Val(std::string_view s);
+
+// Whole-text numeric parse in the regional conventions ("1.234,56" in pt_BR);
+// ErroExecucao 13 when the text is not a number.
+double TextoParaNumero(std::string_view s);
+
+// Rounding to an integer with halves to even (2.5 -> 2, 3.5 -> 4).
+double ArredondaPar(double v);
+
+int16_t CInt(double v);
+int32_t CLng(double v);
+int16_t CInt(const Valor& v);
+int32_t CLng(const Valor& v);
+double CDbl(const Valor& v);
+bool CBool(const Valor& v);
+// Text of a value: numbers with up to 15 significant digits and the regional
+// decimal separator; Empty is "".
+std::string CStr(const Valor& v);
+// Decimal text of an integer ("Str$" without the leading blank).
+std::string TextoDecimal(int64_t v);
+
+// Narrowing as a record field assignment does it.
+inline int16_t ParaInt16(const Valor& v) { return CInt(v); }
+inline int32_t ParaInt32(const Valor& v) { return CLng(v); }
+
+} // namespace ztolvan

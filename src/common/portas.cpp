@@ -1,0 +1,43 @@
+#include "common/portas.h"
+
+#include <mutex>
+
+#include "common/contexto.h"
+
+namespace ztolvan {
+namespace {
+
+std::mutex trava;
+std::function<Portas()> fabrica;
+
+struct EstadoPortas {
+    Portas portas;
+    bool preenchidas = false;
+};
+
+} // namespace
+
+void DefineFabricaPortas(std::function<Portas()> f) {
+    std::lock_guard g(trava);
+    fabrica = std::move(f);
+}
+
+Portas& PortasAtuais() {
+    auto& e = Contexto::Atual().Parte<EstadoPortas>();
+    if (!e.preenchidas) {
+        {
+            std::lock_guard g(trava);
+            if (fabrica) e.portas = fabrica();
+        }
+        if (!e.portas.mensagens) {
+            auto m = std::make_shared<MensagensGravadas>();
+            m->ecoStderr = true;
+            e.portas.mensagens = m;
+        }
+        if (!e.portas.armazem) e.portas.armazem = std::make_shared<ArmazemArquivoIni>(ArmazemArquivoIni::ArquivoPadrao());
+        e.preenchidas = true;
+    }
+    return e.portas;
+}
+
+} // namespace ztolvan

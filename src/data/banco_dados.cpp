@@ -1,0 +1,38 @@
+#include "data/banco_dados.h"
+
+#include "common/erro.h"
+#include "common/texto.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
+
+namespace ztolvan {
+
+Campo RecordSet::Fields(const std::string& nome) const {
+    if (Eof()) throw ErroExecucao(3021, "Não há registro atual");
+    for (size_t i = 0; i < tabela_.colunas.size(); ++i)
+        if (IguaisSemCaixa(tabela_.colunas[i], nome)) return {tabela_.linhas[posicao_][i]};
+    throw ErroExecucao(3265, "Item não encontrado nesta coleção: " + nome);
+}
+
+bool clsBancoDados::fcAbreBancoDadosVeltra(int16_t) { return ConectorAtual() != nullptr; }
+
+ResultadoComando clsBancoDados::fcExecutaComando(int16_t, const std::string& texto, bool) {
+    ResultadoComando r;
+    ConectorBD* k = ConectorAtual();
+    if (!k) {
+        r.situacao = status::Falha;
+        r.mensagem = "Sem conexão com o banco de dados";
+        return r;
+    }
+    if (Apara(texto).empty()) {
+        r.situacao = status::Falha;
+        r.mensagem = "Comando vazio";
+        return r;
+    }
+    TabelaResultado t;
+    k->Consulta(ComunicaAtual().Conexao, texto, t, r.situacao, r.mensagem);
+    r.rsDadosRetorno = RecordSet(std::move(t));
+    return r;
+}
+
+} // namespace ztolvan

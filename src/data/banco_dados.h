@@ -1,0 +1,48 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "data/conector.h"
+
+namespace ztolvan {
+
+// The suite's database object: list queries over the thread's connection,
+// with the rows in a record set read by column name.
+struct Campo {
+    Valor Value;
+};
+
+class RecordSet {
+public:
+    RecordSet() = default;
+    explicit RecordSet(TabelaResultado t) : tabela_(std::move(t)) {}
+    bool Eof() const { return posicao_ >= tabela_.linhas.size(); }
+    // Column by name, any case; ErroExecucao 3265-like when there is no such
+    // column or no current row.
+    Campo Fields(const std::string& nome) const;
+    void MoveFirst() { posicao_ = 0; }
+    void MoveNext() {
+        if (!Eof()) ++posicao_;
+    }
+    size_t RecordCount() const { return tabela_.linhas.size(); }
+
+private:
+    TabelaResultado tabela_;
+    size_t posicao_ = 0;
+};
+
+struct ResultadoComando {
+    std::string situacao;
+    std::string mensagem;
+    RecordSet rsDadosRetorno;
+};
+
+class clsBancoDados {
+public:
+    // The thread's connection stands for every connection number.
+    bool fcAbreBancoDadosVeltra(int16_t conexao);
+    // The third argument (always false in the component) is accepted and has no effect.
+    ResultadoComando fcExecutaComando(int16_t conexao, const std::string& texto, bool flag);
+};
+
+} // namespace ztolvan

@@ -1,0 +1,35 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "common/valor.h"
+
+namespace ztolvan {
+
+// A buffered result with its column names, for the database object's record set.
+struct TabelaResultado {
+    std::vector<std::string> colunas;
+    std::vector<Valor::Lista> linhas;
+};
+
+// The suite's database connector. The three operations of the contract take
+// their arguments by reference, in the order of the Comunica fields.
+class ConectorBD {
+public:
+    virtual ~ConectorBD() = default;
+    virtual void ZConnectOpen(std::string& Servidor, std::string& Banco, std::string& Usuario,
+                              std::string& Senha, int16_t& Conexao, std::string& Status, std::string& Msg) = 0;
+    virtual void Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor, std::string& Status,
+                          std::string& Msg, Valor& Dados, Valor& Retorno) = 0;
+    virtual void ZConnectClose(int16_t& Conexao) = 0;
+
+    // Runs a statement text and hands back every row with the column names
+    // (the database object's path). Status and Msg as in Processa.
+    virtual void Consulta(int16_t Conexao, const std::string& Texto, TabelaResultado& Tabela,
+                          std::string& Status, std::string& Msg) = 0;
+    // Which kind this is: "ACCESS" (desktop file) or "SERVIDOR".
+    virtual const char* Tipo() const = 0;
+};
+
+} // namespace ztolvan

@@ -1,0 +1,47 @@
+#pragma once
+#include <libpq-fe.h>
+
+#include "data/conector_comum.h"
+
+namespace ztolvan {
+
+// The server kind over PostgreSQL (Servidor "host[:port]", Banco the
+// database). "?" placeholders become $1, $2 ...; statements are prepared once
+// on the server and re-prepared by themselves after a reconnection. Every
+// change runs inside a unit opened on the first change; a failing statement
+// inside a unit is undone alone (through a savepoint) so that, as on the
+// suite's server, the unit's earlier changes stay pending.
+class ConectorPostgres : public ConectorComum {
+public:
+    ~ConectorPostgres() override;
+    const char* Tipo() const override { return "SERVIDOR"; }
+
+    // "?" placeholders outside quoted literals and identifiers become $1, $2 ...
+    static std::string Numera(const std::string& texto, int& parametros);
+
+protected:
+    bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
+                 const std::string& Senha, std::string& msg) override;
+    void Desconecta() override;
+    bool Conectado() const override { return conn_ != nullptr; }
+    std::unique_ptr<Comando> Prepara(const std::string& texto, std::string& msg) override;
+    std::string Executa(Comando& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
+                        std::string& msg) override;
+    std::string Confirma(std::string& msg) override;
+    std::string Desfaz(std::string& msg) override;
+
+private:
+    struct ComandoPg;
+    bool Disponivel(std::string& msg);
+    bool PreparaNoServidor(ComandoPg& c, std::string& msg);
+    std::string Simples(const char* sql, std::string& msg);
+    std::string Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
+                     std::string& msg);
+
+    PGconn* conn_ = nullptr;
+    bool emUnidade_ = false;
+    unsigned geracao_ = 0; // bumped on every (re)connection: prepared names are per session
+    unsigned proximoNome_ = 0;
+};
+
+} // namespace ztolvan

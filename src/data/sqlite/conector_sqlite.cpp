@@ -1,0 +1,185 @@
+#include "data/sqlite/conector_sqlite.h"
+
+#include "data/comunica.h"
+
+namespace ztolvan {
+
+struct ConectorSqlite::ComandoSqlite : Comando {
+    sqlite3_stmt* stmt = nullptr;
+    ~ComandoSqlite() override { sqlite3_finalize(stmt); }
+    int Parametros() const override { return sqlite3_bind_parameter_count(stmt); }
+    bool EhConsulta() const override { return sqlite3_column_count(stmt) > 0; }
+};
+
+namespace {
+
+// ISNULL(a, b): a, or b when a is NULL.
+void FuncaoIsNull(sqlite3_context* ctx, int, sqlite3_value** argv) {
+    sqlite3_result_value(ctx, sqlite3_value_type(argv[0]) == SQLITE_NULL ? argv[1] : argv[0]);
+}
+
+Valor Coluna(sqlite3_stmt* st, int i) {
+    switch (sqlite3_column_type(st, i)) {
+    case SQLITE_INTEGER:
+        return Valor(static_cast<int64_t>(sqlite3_column_int64(st, i)));
+    case SQLITE_FLOAT:
+        return Valor(sqlite3_column_double(st, i));
+    case SQLITE_NULL:
+        return Valor();
+    default: {
+        const auto* p = reinterpret_cast<const char*>(sqlite3_column_text(st, i));
+        return Valor(std::string(p ? p : "", static_cast<size_t>(sqlite3_column_bytes(st, i))));
+    }
+    }
+}
+
+int Liga(sqlite3_stmt* st, int i, const Valor& v) {
+    switch (v.tipo()) {
+    case Valor::Tipo::Vazio:
+        return sqlite3_bind_null(st, i);
+    case Valor::Tipo::Inteiro:
+        return sqlite3_bind_int64(st, i, v.inteiro());
+    case Valor::Tipo::Duplo:
+        return sqlite3_bind_double(st, i, v.duplo());
+    case Valor::Tipo::Logico:
+        return sqlite3_bind_int(st, i, v.logico() ? 1 : 0);
+    case Valor::Tipo::Texto:
+        return sqlite3_bind_text(st, i, v.texto().data(), static_cast<int>(v.texto().size()), SQLITE_TRANSIENT);
+    case Valor::Tipo::Lista:
+        break;
+    }
+    return SQLITE_MISMATCH;
+}
+
+bool ChaveDuplicada(int estendido) {
+    return estendido == SQLITE_CONSTRAINT_PRIMARYKEY || estendido == SQLITE_CONSTRAINT_UNIQUE;
+}
+
+} // namespace
+
+ConectorSqlite::~ConectorSqlite() { Desconecta(); }
+
+bool ConectorSqlite::CriaArquivo(const std::string& caminho, std::string& msg) {
+    sqlite3* db = nullptr;
+    int rc = sqlite3_open_v2(caminho.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    if (rc == SQLITE_OK) rc = sqlite3_exec(db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+    if (rc != SQLITE_OK) msg = db ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
+    sqlite3_close(db);
+    return rc == SQLITE_OK;
+}
+
+bool ConectorSqlite::Conecta(const std::string&, const std::string& Banco, const std::string&,
+                             const std::string&, std::string& msg) {
+    if (Banco.empty()) {
+        msg = "Arquivo do banco não informado";
+        return false;
+    }
+    int rc = sqlite3_open_v2(Banco.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (rc != SQLITE_OK) {
+        msg = "Não foi possível abrir o banco " + Banco + ": " + (db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc));
+        Desconecta();
+        return false;
+    }
+    sqlite3_extended_result_codes(db_, 1);
+    sqlite3_busy_timeout(db_, EsperaOcupadoMs);
+    std::string erro;
+    if (Simples("PRAGMA journal_mode=WAL", erro) != status::Ok ||
+        Simples("PRAGMA synchronous=FULL", erro) != status::Ok ||
+        sqlite3_create_function_v2(db_, "ISNULL", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, FuncaoIsNull,
+                                   nullptr, nullptr, nullptr) != SQLITE_OK) {
+        msg = "Não foi possível preparar o banco " + Banco + ": " + (erro.empty() ? sqlite3_errmsg(db_) : erro);
+        Desconecta();
+        return false;
+    }
+    // A file that is not a database fails only on first read: find out now.
+    if (Simples("SELECT count(*) FROM sqlite_master", erro) != status::Ok) {
+        msg = "Não foi possível abrir o banco " + Banco + ": " + erro;
+        Desconecta();
+        return false;
+    }
+    return true;
+}
+
+void ConectorSqlite::Desconecta() {
+    if (db_) {
+        // Handles are finalized by ConectorComum before; close_v2 copes with stragglers.
+        sqlite3_close_v2(db_);
+        db_ = nullptr;
+    }
+}
+
+std::string ConectorSqlite::Falha(int rc, std::string& msg) {
+    int estendido = db_ ? sqlite3_extended_errcode(db_) : rc;
+    msg = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
+    return ChaveDuplicada(estendido) ? status::ChaveExiste : status::Falha;
+}
+
+std::string ConectorSqlite::Simples(const char* sql, std::string& msg) {
+    char* erro = nullptr;
+    int rc = sqlite3_exec(db_, sql, nullptr, nullptr, &erro);
+    if (rc == SQLITE_OK) return status::Ok;
+    msg = erro ? erro : sqlite3_errstr(rc);
+    sqlite3_free(erro);
+    return status::Falha;
+}
+
+std::unique_ptr<ConectorComum::Comando> ConectorSqlite::Prepara(const std::string& texto, std::string& msg) {
+    auto c = std::make_unique<ComandoSqlite>();
+    int rc = sqlite3_prepare_v3(db_, texto.c_str(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
+                                &c->stmt, nullptr);
+    if (rc != SQLITE_OK) {
+        Falha(rc, msg);
+        return nullptr;
+    }
+    if (!c->stmt) {
+        msg = "Comando vazio";
+        return nullptr;
+    }
+    return c;
+}
+
+std::string ConectorSqlite::Executa(Comando& comando, const Valor::Lista& valores, TabelaResultado& tabela,
+                                    bool comColunas, std::string& msg) {
+    sqlite3_stmt* st = static_cast<ComandoSqlite&>(comando).stmt;
+    sqlite3_reset(st);
+    sqlite3_clear_bindings(st);
+    for (size_t i = 0; i < valores.size(); ++i) {
+        int rc = Liga(st, static_cast<int>(i + 1), valores[i]);
+        if (rc != SQLITE_OK) {
+            msg = "Valor " + std::to_string(i) + " não pode ser enviado ao banco";
+            return status::Falha;
+        }
+    }
+    // The first change after COMMIT or ROLLBACK opens the unit of change; it
+    // takes the write lock at once so that a later write cannot fail busy.
+    if (!sqlite3_stmt_readonly(st) && sqlite3_get_autocommit(db_)) {
+        if (Simples("BEGIN IMMEDIATE", msg) != status::Ok) return status::Falha;
+    }
+    const int ncol = sqlite3_column_count(st);
+    if (comColunas) {
+        tabela.colunas.clear();
+        for (int i = 0; i < ncol; ++i) tabela.colunas.emplace_back(sqlite3_column_name(st, i));
+    }
+    int rc;
+    while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+        Valor::Lista linha;
+        linha.reserve(static_cast<size_t>(ncol));
+        for (int i = 0; i < ncol; ++i) linha.push_back(Coluna(st, i));
+        tabela.linhas.push_back(std::move(linha));
+    }
+    std::string r = rc == SQLITE_DONE ? status::Ok : Falha(rc, msg);
+    sqlite3_reset(st);
+    return r;
+}
+
+std::string ConectorSqlite::Confirma(std::string& msg) {
+    if (sqlite3_get_autocommit(db_)) return status::Ok;
+    return Simples("COMMIT", msg);
+}
+
+std::string ConectorSqlite::Desfaz(std::string& msg) {
+    if (sqlite3_get_autocommit(db_)) return status::Ok;
+    return Simples("ROLLBACK", msg);
+}
+
+} // namespace ztolvan

@@ -1,0 +1,30 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "common/contexto.h"
+
+using namespace ztolvan;
+
+namespace {
+struct Contador {
+    int n = 0;
+};
+} // namespace
+
+TEST(Contexto, CadaThreadTemOSeu) {
+    Contexto::Renova();
+    Contexto::Atual().Parte<Contador>().n = 7;
+    int visto = -1;
+    std::thread t([&] { visto = Contexto::Atual().Parte<Contador>().n; });
+    t.join();
+    EXPECT_EQ(visto, 0);
+    EXPECT_EQ(Contexto::Atual().Parte<Contador>().n, 7);
+}
+
+TEST(Contexto, RenovaComecaDoZero) {
+    Contexto::Atual().Parte<Contador>().n = 3;
+    Contexto::Renova();
+    EXPECT_FALSE(Contexto::Atual().Tem<Contador>());
+    EXPECT_EQ(Contexto::Atual().Parte<Contador>().n, 0);
+}
