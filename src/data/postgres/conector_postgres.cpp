@@ -1,6 +1,7 @@
 #include "data/postgres/conector_postgres.h"
 
 #include <cstring>
+#include <deque>
 #include <memory>
 
 #include "common/texto.h"
@@ -118,10 +119,11 @@ bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& B
         host = host.substr(0, p);
     }
     std::vector<const char*> chaves, valores;
-    auto poe = [&](const char* k, const std::string& v) {
+    std::deque<std::string> guardados; // keeps every value alive until the connection is made
+    auto poe = [&](const char* k, std::string v) {
         if (!v.empty()) {
             chaves.push_back(k);
-            valores.push_back(v.c_str());
+            valores.push_back(guardados.emplace_back(std::move(v)).c_str());
         }
     };
     const std::string banco = Apara(Banco), usuario = Apara(Usuario);

@@ -1,0 +1,259 @@
+#include <gtest/gtest.h>
+
+#include "common/conversao.h"
+#include "common/texto.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
+#include "data/banco_dados.h"
+#include "data/banco_param.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+class Despachante : public SobreOsDoisBancos {
+protected:
+    void SetUp() override {
+        SobreOsDoisBancos::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        db->Direto("CREATE TABLE TBX (EMPRESA INTEGER NOT NULL, CODIGO VARCHAR(20) NOT NULL, "
+                   "VALOR DOUBLE PRECISION, OBS VARCHAR(40), PRIMARY KEY (EMPRESA, CODIGO))");
+        db->Direto("INSERT INTO TBX VALUES (1, 'A', 1.5, 'um'), (1, 'B', 2.5, NULL), (1, 'C', 3.5, 'tres'), "
+                   "(2, 'A', 9, 'outra')");
+        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
+    }
+
+    Comunica& c() { return ComunicaAtual(); }
+
+    int16_t Prepara(const std::string& sql) {
+        PreparaComando(sql);
+        EXPECT_EQ(c().Status, "00") << c().Msg;
+        return c().Cursor;
+    }
+    void Envia(const std::string& palavra, int16_t cursor, Valor dados = Valor(std::string())) {
+        c().Transacao = palavra;
+        c().Cursor = cursor;
+        c().Dados = std::move(dados);
+        ExecutaComunica();
+    }
+    std::vector<std::string> Codigos(int16_t cur, Valor chave) {
+        std::vector<std::string> r;
+        Envia("OPEN", cur, std::move(chave));
+        while (c().Status == "00") {
+            r.push_back(Apara(c().Retorno[1].texto()));
+            Envia("NEXT", cur);
+        }
+        EXPECT_EQ(c().Status, "23");
+        Envia("CLOSE", cur);
+        return r;
+    }
+    int Conta(const std::string& where) {
+        c().Transacao = "REQUERY";
+        c().Cursor = 0;
+        c().Dados = "SELECT COUNT(*) FROM TBX WHERE " + where;
+        ExecutaComunica();
+        EXPECT_EQ(c().Status, "00") << c().Msg;
+        return static_cast<int>(c().Retorno[0].inteiro());
+    }
+    int16_t PreparaInsercao() { return Prepara("INSERT INTO TBX (EMPRESA, CODIGO, VALOR, OBS) VALUES (?, ?, ?, ?)"); }
+    static Valor Linha(int emp, const char* cod) { return Valor::Lista{emp, cod, 1.0, "x"}; }
+
+    const char* Sel = "SELECT EMPRESA, CODIGO, VALOR, OBS FROM TBX WHERE EMPRESA = ? ORDER BY CODIGO";
+};
+
+TEST_P(Despachante, PrepareDevolveUmCursorDiferenteDeZero) {
+    int16_t a = Prepara(Sel);
+    int16_t b = Prepara("SELECT CODIGO FROM TBX");
+    EXPECT_NE(a, 0);
+    EXPECT_NE(b, 0);
+    EXPECT_NE(a, b);
+}
+
+TEST_P(Despachante, OpenPosicionaNaPrimeiraLinhaComAsColunasNaOrdemDoSelect) {
+    int16_t cur = Prepara(Sel);
+    Envia("OPEN", cur, Valor::Lista{1});
+    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(c().Retorno.tamanho(), 4u);
+    EXPECT_EQ(c().Retorno[0].inteiro(), 1);
+    EXPECT_EQ(Apara(c().Retorno[1].texto()), "A");
+    EXPECT_DOUBLE_EQ(c().Retorno[2].duplo(), 1.5);
+    EXPECT_EQ(c().Retorno[3].texto(), "um");
+}
+
+TEST_P(Despachante, OpenSemLinhaDa23EDeixaRetornoVazio) {
+    int16_t cur = Prepara(Sel);
+    Envia("OPEN", cur, Valor::Lista{77});
+    EXPECT_EQ(c().Status, "23");
+    EXPECT_EQ(c().Retorno, Valor(std::string()));
+}
+
+TEST_P(Despachante, NextAteOFimDa23ECloseAindaResponde) {
+    int16_t cur = Prepara(Sel);
+    EXPECT_EQ(Codigos(cur, Valor::Lista{1}), (std::vector<std::string>{"A", "B", "C"}));
+    EXPECT_EQ(c().Status, "00") << "CLOSE after the end";
+}
+
+TEST_P(Despachante, PrevFirstLastMovemNoResultadoAberto) {
+    int16_t cur = Prepara(Sel);
+    Envia("OPEN", cur, Valor::Lista{1});
+    Envia("LAST", cur);
+    EXPECT_EQ(Apara(c().Retorno[1].texto()), "C");
+    Envia("PREV", cur);
+    EXPECT_EQ(Apara(c().Retorno[1].texto()), "B");
+    Envia("FIRST", cur);
+    EXPECT_EQ(Apara(c().Retorno[1].texto()), "A");
+    Envia("PREV", cur);
+    EXPECT_EQ(c().Status, "23");
+    Envia("NEXT", cur);
+    EXPECT_EQ(Apara(c().Retorno[1].texto()), "A") << "back in from before the first row";
+}
+
+TEST_P(Despachante, RequeryRodaDeNovoComOutrosValores) {
+    int16_t cur = Prepara(Sel);
+    Envia("OPEN", cur, Valor::Lista{1});
+    Envia("REQUERY", cur, Valor::Lista{2});
+    ASSERT_EQ(c().Status, "00");
+    EXPECT_EQ(c().Retorno[3].texto(), "outra");
+    Envia("NEXT", cur);
+    EXPECT_EQ(c().Status, "23");
+}
+
+TEST_P(Despachante, RequerySemCursorRodaOTextoSemPrepare) {
+    auto* g = GravaChamadas(db->kind());
+    ASSERT_TRUE(db->Conecta());
+    Envia("REQUERY", 0, "SELECT OBS FROM TBX WHERE EMPRESA = '2' AND CODIGO = 'A'");
+    ASSERT_EQ(c().Status, "00") << c().Msg;
+    EXPECT_EQ(c().Retorno[0].texto(), "outra");
+    EXPECT_EQ(g->Palavras(), std::vector<std::string>{"REQUERY"});
+}
+
+TEST_P(Despachante, OpenSemCursorDevolveOCursorDoResultado) {
+    Envia("OPEN", 0, "SELECT CODIGO FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO");
+    ASSERT_EQ(c().Status, "00");
+    int16_t cur = c().Cursor;
+    ASSERT_NE(cur, 0);
+    Envia("NEXT", cur);
+    EXPECT_EQ(Apara(c().Retorno[0].texto()), "B");
+    Envia("CLOSE", cur);
+    EXPECT_EQ(c().Status, "00");
+    Envia("NEXT", cur);
+    EXPECT_EQ(c().Status, "99") << "a closed text cursor is gone";
+}
+
+TEST_P(Despachante, ExecuteDeConsultaAgeComoOpen) {
+    int16_t cur = Prepara(Sel);
+    Envia("EXECUTE", cur, Valor::Lista{2});
+    ASSERT_EQ(c().Status, "00");
+    EXPECT_EQ(c().Retorno[3].texto(), "outra");
+}
+
+TEST_P(Despachante, InsertComChaveExistenteDa22) {
+    int16_t ins = PreparaInsercao();
+    Envia("EXECUTE", ins, Linha(3, "N"));
+    EXPECT_EQ(c().Status, "00") << c().Msg;
+    Envia("EXECUTE", ins, Linha(1, "A"));
+    EXPECT_EQ(c().Status, "22") << c().Msg;
+    Envia("EXECUTE", ins, Linha(3, "M"));
+    EXPECT_EQ(c().Status, "00") << "the unit goes on after a refused insert: " << c().Msg;
+    Envia("COMMIT", 0);
+    EXPECT_EQ(c().Status, "00");
+    EXPECT_EQ(Conta("EMPRESA = 3"), 2);
+}
+
+TEST_P(Despachante, RollbackDescartaTudoDesdeOUltimoCommit) {
+    int16_t ins = PreparaInsercao();
+    Envia("EXECUTE", ins, Linha(5, "1"));
+    Envia("COMMIT", 0);
+    Envia("EXECUTE", ins, Linha(5, "2"));
+    Envia("EXECUTE", ins, Linha(5, "3"));
+    int16_t upd = Prepara("UPDATE TBX SET OBS = ? WHERE EMPRESA = ?");
+    Envia("EXECUTE", upd, Valor::Lista{"mudou", 5});
+    EXPECT_EQ(Conta("EMPRESA = 5"), 3) << "pending changes are seen on the same connection";
+    Envia("ROLLBACK", 0);
+    EXPECT_EQ(c().Status, "00");
+    EXPECT_EQ(Conta("EMPRESA = 5"), 1);
+    EXPECT_EQ(Conta("OBS = 'mudou'"), 0);
+}
+
+TEST_P(Despachante, CommitSobreviveAFecharEReabrir) {
+    int16_t ins = PreparaInsercao();
+    Envia("EXECUTE", ins, Linha(6, "Z"));
+    Envia("COMMIT", 0);
+    Envia("EXECUTE", ins, Linha(6, "Y")); // never committed
+    FechaConexao();
+    ASSERT_TRUE(db->Conecta());
+    EXPECT_EQ(Conta("EMPRESA = 6"), 1);
+}
+
+TEST_P(Despachante, UmCursorPreparadoServeMuitasVezes) {
+    auto* g = GravaChamadas(db->kind());
+    ASSERT_TRUE(db->Conecta());
+    int16_t ins = PreparaInsercao();
+    for (int i = 0; i < 50; ++i) {
+        Envia("EXECUTE", ins, Linha(7, std::to_string(i).c_str()));
+        ASSERT_EQ(c().Status, "00") << c().Msg;
+        Envia("COMMIT", 0);
+    }
+    EXPECT_EQ(Conta("EMPRESA = 7"), 50);
+    int prepares = 0;
+    for (auto& ch : g->chamadas) prepares += ch.Transacao == "PREPARE";
+    EXPECT_EQ(prepares, 1);
+}
+
+TEST_P(Despachante, ColunaNulaChegaVazia) {
+    int16_t cur = Prepara("SELECT OBS, VALOR FROM TBX WHERE EMPRESA = ? AND CODIGO = ?");
+    Envia("OPEN", cur, Valor::Lista{1, "B"});
+    ASSERT_EQ(c().Status, "00");
+    EXPECT_TRUE(c().Retorno[0].vazio());
+}
+
+TEST_P(Despachante, FalhasDao99ComAMensagemDoBancoEAsChamadasSeguintesFuncionam) {
+    PreparaComando("SELEC CODIGO FROM TBX");
+    EXPECT_EQ(c().Status, "99");
+    EXPECT_FALSE(c().Msg.empty());
+    int16_t cur = Prepara(Sel);
+    Envia("OPEN", cur, Valor::Lista{1, 2});
+    EXPECT_EQ(c().Status, "99") << "too many values";
+    EXPECT_NE(c().Msg.find("parâmetros"), std::string::npos);
+    Envia("OPEN", cur, Valor(std::string()));
+    EXPECT_EQ(c().Status, "99") << "no values";
+    Envia("NEXT", 999);
+    EXPECT_EQ(c().Status, "99") << "unknown handle";
+    Envia("FETCH", cur);
+    EXPECT_EQ(c().Status, "99") << "unknown command word";
+    Envia("#INSERT", cur, Valor::Lista{1, "Q", 1.0, "q"});
+    EXPECT_EQ(c().Status, "99");
+    EXPECT_NE(c().Msg.find("#INSERT"), std::string::npos);
+    Envia("REQUERY", 0, "SELECT * FROM TABELA_QUE_NAO_EXISTE");
+    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Codigos(cur, Valor::Lista{1}).size(), 3u);
+}
+
+TEST_P(Despachante, UmaConsultaQueFalhaDentroDaUnidadeNaoPerdeAsMudancas) {
+    int16_t ins = PreparaInsercao();
+    Envia("EXECUTE", ins, Linha(8, "1"));
+    Envia("REQUERY", 0, "SELECT NADA FROM TBX");
+    EXPECT_EQ(c().Status, "99");
+    Envia("EXECUTE", ins, Linha(8, "2"));
+    EXPECT_EQ(c().Status, "00") << c().Msg;
+    Envia("COMMIT", 0);
+    EXPECT_EQ(Conta("EMPRESA = 8"), 2);
+}
+
+TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
+    clsBancoDados bd;
+    ASSERT_TRUE(bd.fcAbreBancoDadosVeltra(1));
+    auto r = bd.fcExecutaComando(1, "SELECT CODIGO, OBS AS Observacao FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO",
+                                 false);
+    ASSERT_EQ(r.situacao, "00") << r.mensagem;
+    std::vector<std::string> vistos;
+    for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext())
+        vistos.push_back(Apara(rs.Fields("codigo").Value.texto()) + "/" + CStr(rs.Fields("OBSERVACAO").Value));
+    EXPECT_EQ(vistos, (std::vector<std::string>{"A/um", "B/", "C/tres"}));
+    EXPECT_EQ(bd.fcExecutaComando(1, "", false).situacao, "99");
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Despachante);
+
+} // namespace
