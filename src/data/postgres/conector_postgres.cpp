@@ -143,6 +143,8 @@ bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& B
         Desconecta();
         return false;
     }
+    // Server notices (a cascade, an implicit index) are not the operator's business.
+    PQsetNoticeProcessor(conn_, [](void*, const char*) {}, nullptr);
     ++geracao_;
     emUnidade_ = false;
     return true;

@@ -1,0 +1,245 @@
+// The per-item pattern of generation (five keyed reads, one insert, one
+// COMMIT) through the dispatcher, against the same statements run straight
+// through sqlite3 and libpq.
+#include <filesystem>
+#include <libpq-fe.h>
+#include <sqlite3.h>
+#include <stdexcept>
+#include <unistd.h>
+
+#include "common/contexto.h"
+#include "common/portas.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
+#include "data/sqlite/conector_sqlite.h"
+#include "medida.h"
+
+using namespace ztolvan;
+using namespace ztolvan::bench;
+
+namespace {
+
+constexpr int Itens = 2000;
+constexpr int Produtos = 500;
+
+const char* Leituras[5] = {
+    "SELECT K, NOME, PRECO FROM TBPROD WHERE EMP = ? AND K = ?",
+    "SELECT K, UND, QTD FROM TBPROD WHERE EMP = ? AND K = ?",
+    "SELECT K, GRUPO FROM TBPROD WHERE EMP = ? AND K = ?",
+    "SELECT K, PRECO, QTD, UND FROM TBPROD WHERE EMP = ? AND K = ?",
+    "SELECT NOME FROM TBPROD WHERE EMP = ? AND K = ?",
+};
+const char* Insercao = "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES (?, ?, ?, ?, ?, ?, ?)";
+
+std::string Ddl(bool pg) {
+    std::string texto = pg ? "varchar(40)" : "TEXT";
+    return "CREATE TABLE TBPROD (EMP INTEGER, K INTEGER, NOME " + texto + ", UND " + texto + ", GRUPO " + texto +
+           ", PRECO DOUBLE PRECISION, QTD DOUBLE PRECISION, PRIMARY KEY (EMP, K));"
+           "CREATE TABLE TBITEM (EMP INTEGER, NUM INTEGER, ITEM INTEGER, PROD INTEGER, QTD DOUBLE PRECISION, "
+           "VALOR DOUBLE PRECISION, DSC " + texto + ", PRIMARY KEY (EMP, NUM, ITEM));";
+}
+
+std::string Carga() {
+    std::string s = "INSERT INTO TBPROD VALUES ";
+    for (int k = 0; k < Produtos; ++k)
+        s += (k ? "," : "") + std::string("(1,") + std::to_string(k) + ",'PRODUTO " + std::to_string(k) +
+             "','UN','ALIMENTOS'," + std::to_string(k * 1.25) + ",10)";
+    return s + ";";
+}
+
+// Through the component: the thread's Comunica, handles kept between items.
+void Componente(int base) {
+    Comunica& c = ComunicaAtual();
+    static int16_t cur[6] = {0, 0, 0, 0, 0, 0};
+    if (base == 0)
+        for (auto& x : cur) x = 0;
+    for (int i = 0; i < 5; ++i)
+        if (!cur[i]) {
+            PreparaComando(Leituras[i]);
+            cur[i] = c.Cursor;
+        }
+    if (!cur[5]) {
+        PreparaComando(Insercao);
+        cur[5] = c.Cursor;
+    }
+    for (int n = 0; n < Itens; ++n) {
+        const int k = n % Produtos;
+        for (int i = 0; i < 5; ++i) {
+            c.Transacao = "OPEN";
+            c.Cursor = cur[i];
+            c.Dados = Valor::Lista{1, k};
+            ExecutaComunica();
+            if (c.Status != "00") throw std::runtime_error("leitura: " + c.Msg);
+            c.Transacao = "CLOSE";
+            ExecutaComunica();
+        }
+        c.Transacao = "EXECUTE";
+        c.Cursor = cur[5];
+        c.Dados = Valor::Lista{1, 1, base + n, k, 2.0, k * 2.5, "ITEM"};
+        ExecutaComunica();
+        if (c.Status != "00") throw std::runtime_error("inclusão: " + c.Msg);
+        c.Transacao = "COMMIT";
+        c.Cursor = 0;
+        c.Dados = std::string();
+        ExecutaComunica();
+        if (c.Status != "00") throw std::runtime_error("commit: " + c.Msg);
+    }
+}
+
+bool Abre(const std::string& servidor, const std::string& banco, const std::string& usuario,
+          const std::string& senha) {
+    std::string s = servidor, b = banco, u = usuario, p = senha;
+    int16_t q = 1;
+    AbreConexao(s, b, u, p, q);
+    return ComunicaAtual().Status == "00";
+}
+
+void Roda(sqlite3* db, const char* sql) {
+    char* e = nullptr;
+    if (sqlite3_exec(db, sql, nullptr, nullptr, &e) != SQLITE_OK) {
+        std::string m = e ? e : "";
+        sqlite3_free(e);
+        throw std::runtime_error(m);
+    }
+}
+
+void PisoSqlite(sqlite3* db, int base) {
+    sqlite3_stmt* st[6];
+    for (int i = 0; i < 5; ++i) sqlite3_prepare_v3(db, Leituras[i], -1, SQLITE_PREPARE_PERSISTENT, &st[i], nullptr);
+    sqlite3_prepare_v3(db, Insercao, -1, SQLITE_PREPARE_PERSISTENT, &st[5], nullptr);
+    volatile double soma = 0;
+    for (int n = 0; n < Itens; ++n) {
+        const int k = n % Produtos;
+        for (int i = 0; i < 5; ++i) {
+            sqlite3_bind_int(st[i], 1, 1);
+            sqlite3_bind_int(st[i], 2, k);
+            while (sqlite3_step(st[i]) == SQLITE_ROW)
+                for (int j = 0; j < sqlite3_column_count(st[i]); ++j) soma = soma + sqlite3_column_bytes(st[i], j);
+            sqlite3_reset(st[i]);
+        }
+        Roda(db, "BEGIN IMMEDIATE");
+        sqlite3_bind_int(st[5], 1, 1);
+        sqlite3_bind_int(st[5], 2, 2);
+        sqlite3_bind_int(st[5], 3, base + n);
+        sqlite3_bind_int(st[5], 4, k);
+        sqlite3_bind_double(st[5], 5, 2.0);
+        sqlite3_bind_double(st[5], 6, k * 2.5);
+        sqlite3_bind_text(st[5], 7, "ITEM", -1, SQLITE_STATIC);
+        if (sqlite3_step(st[5]) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db));
+        sqlite3_reset(st[5]);
+        Roda(db, "COMMIT");
+    }
+    for (auto* s : st) sqlite3_finalize(s);
+}
+
+void CasoSqlite() {
+    auto pasta = std::filesystem::temp_directory_path() / ("ztolvan-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(pasta);
+    const std::string arquivo = (pasta / "bench.db").string();
+    std::string msg;
+    if (!ConectorSqlite::CriaArquivo(arquivo, msg)) throw std::runtime_error(msg);
+    sqlite3* db = nullptr;
+    sqlite3_open(arquivo.c_str(), &db);
+    Roda(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;");
+    Roda(db, Ddl(false).c_str());
+    Roda(db, Carga().c_str());
+    if (!Abre("ACCESS", arquivo, "", "")) throw std::runtime_error(ComunicaAtual().Msg);
+    int base = 0;
+    double comp = 0, piso = 0;
+    // Alternate the two so that neither gets the quieter moment of the disk.
+    for (int r = 0; r < 3; ++r) {
+        comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(base); }));
+        base += Itens;
+        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoSqlite(db, base); }));
+        base += Itens;
+    }
+    FechaConexao();
+    sqlite3_close(db);
+    std::filesystem::remove_all(pasta);
+    Imprime("dispatcher-sqlite", comp, piso);
+}
+
+void Pq(PGconn* c, const char* sql) {
+    PGresult* r = PQexec(c, sql);
+    auto st = PQresultStatus(r);
+    std::string m = PQresultErrorMessage(r);
+    PQclear(r);
+    if (st != PGRES_COMMAND_OK && st != PGRES_TUPLES_OK) throw std::runtime_error(m);
+}
+
+void PisoPostgres(PGconn* c, int base) {
+    static bool preparado = false;
+    if (!preparado) {
+        for (int i = 0; i < 5; ++i) {
+            int n = 0;
+            std::string t = Leituras[i];
+            for (size_t p; (p = t.find('?')) != std::string::npos;) t.replace(p, 1, "$" + std::to_string(++n));
+            PQclear(PQprepare(c, ("l" + std::to_string(i)).c_str(), t.c_str(), 0, nullptr));
+        }
+        PQclear(PQprepare(c, "ins", "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES "
+                                    "($1, $2, $3, $4, $5, $6, $7)", 0, nullptr));
+        preparado = true;
+    }
+    volatile size_t soma = 0;
+    for (int n = 0; n < Itens; ++n) {
+        const std::string k = std::to_string(n % Produtos);
+        const char* chave[2] = {"1", k.c_str()};
+        for (int i = 0; i < 5; ++i) {
+            PGresult* r = PQexecPrepared(c, ("l" + std::to_string(i)).c_str(), 2, chave, nullptr, nullptr, 0);
+            for (int j = 0; j < PQnfields(r); ++j) soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
+            PQclear(r);
+        }
+        Pq(c, "BEGIN");
+        const std::string item = std::to_string(base + n), valor = std::to_string((n % Produtos) * 2.5);
+        const char* v[7] = {"1", "2", item.c_str(), k.c_str(), "2", valor.c_str(), "ITEM"};
+        PGresult* r = PQexecPrepared(c, "ins", 7, v, nullptr, nullptr, 0);
+        if (PQresultStatus(r) != PGRES_COMMAND_OK) throw std::runtime_error(PQresultErrorMessage(r));
+        PQclear(r);
+        Pq(c, "COMMIT");
+    }
+}
+
+void CasoPostgres() {
+    Pg pg;
+    if (!pg.Definido()) {
+        std::printf("dispatcher-postgres: skipped (ZTOLVAN_PG_SERVIDOR not set)\n");
+        return;
+    }
+    const std::string esquema = "zt_bench_" + std::to_string(getpid());
+    setenv("PGOPTIONS", ("-c search_path=" + esquema).c_str(), 1);
+    PGconn* c = PQconnectdb(pg.ConnInfo().c_str());
+    if (PQstatus(c) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(c));
+    PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
+    Pq(c, ("CREATE SCHEMA " + esquema).c_str());
+    Pq(c, Ddl(true).c_str());
+    Pq(c, Carga().c_str());
+    if (!Abre(pg.servidor, pg.banco, pg.usuario, pg.senha)) throw std::runtime_error(ComunicaAtual().Msg);
+    int base = 0;
+    double comp = 0, piso = 0;
+    for (int r = 0; r < 3; ++r) {
+        comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(base); }));
+        base += Itens;
+        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoPostgres(c, base); }));
+        base += Itens;
+    }
+    FechaConexao();
+    Pq(c, ("DROP SCHEMA " + esquema + " CASCADE").c_str());
+    PQfinish(c);
+    Imprime("dispatcher-postgres", comp, piso);
+}
+
+} // namespace
+
+int main() {
+    try {
+        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
+        CasoSqlite();
+        Contexto::Renova();
+        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
+        CasoPostgres();
+        return 0;
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "bench: %s\n", e.what());
+        return 1;
+    }
+}
