@@ -133,7 +133,7 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
             Msg = "Cursor " + std::to_string(Cursor) + " não está aberto";
             return;
         }
-        Move(*c, palavra, Status, Retorno);
+        Move(*c, palavra, Status, Msg, Retorno);
     } else if (palavra == "CLOSE") {
         if (c->avulso) {
             cursores_[static_cast<size_t>(Cursor)].reset();
@@ -167,10 +167,11 @@ void ConectorComum::Roda(Cursor& c, const Valor& dados, std::string& Status, std
     if (Status != status::Ok) return;
     c.aberto = true;
     if (!c.comando->EhConsulta()) return; // a change: nothing to position on
-    Move(c, "FIRST", Status, Retorno);
+    Move(c, "FIRST", Status, Msg, Retorno);
 }
 
-void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Status, Valor& Retorno) {
+void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Status, std::string& Msg,
+                         Valor& Retorno) {
     const long n = static_cast<long>(c.resultado.linhas.size());
     long p = c.posicao;
     if (palavra == "NEXT") p = p + 1;
@@ -180,6 +181,7 @@ void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Sta
     if (p < 0 || p >= n) {
         c.posicao = p < 0 ? -1 : n;
         Status = status::SemLinha;
+        Msg = n == 0 ? "Nenhum registro encontrado" : "Fim dos registros";
         return;
     }
     c.posicao = p;

@@ -56,7 +56,7 @@ private:
     Cursor* Acha(int16_t handle);
     int16_t Guarda(Cursor c);
     void Roda(Cursor& c, const Valor& dados, std::string& Status, std::string& Msg, Valor& Retorno);
-    void Move(Cursor& c, const std::string& palavra, std::string& Status, Valor& Retorno);
+    void Move(Cursor& c, const std::string& palavra, std::string& Status, std::string& Msg, Valor& Retorno);
     void ProcessaPalavra(const std::string& palavra, int16_t& Cursor, std::string& Status, std::string& Msg,
                          Valor& Dados, Valor& Retorno);
 

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <ini.h>
+#include <mutex>
 
 #include "common/texto.h"
 
@@ -20,7 +21,15 @@ int Coleta(void* user, const char*, const char* nome, const char* valor) {
     return 1;
 }
 
+std::mutex trava;
+std::optional<ConfigBanco> fixa;
+
 } // namespace
+
+void ConfigBanco::DefineFixa(std::optional<ConfigBanco> c) {
+    std::lock_guard g(trava);
+    fixa = std::move(c);
+}
 
 std::string ConfigBanco::Arquivo() {
     if (const char* p = std::getenv("ZTOLVAN_CONFIG"); p && *p) return p;
@@ -41,6 +50,12 @@ std::optional<ConfigBanco> ConfigBanco::LeDe(const std::string& arquivo) {
     return c;
 }
 
-std::optional<ConfigBanco> ConfigBanco::Le() { return LeDe(Arquivo()); }
+std::optional<ConfigBanco> ConfigBanco::Le() {
+    {
+        std::lock_guard g(trava);
+        if (fixa) return fixa;
+    }
+    return LeDe(Arquivo());
+}
 
 } // namespace ztolvan

@@ -15,6 +15,9 @@ struct ConfigBanco {
     std::string Senha;
 
     static std::string Arquivo();
+    // Settings given by the host program (its command line) stand in for
+    // the file for the whole process; nullopt goes back to the file.
+    static void DefineFixa(std::optional<ConfigBanco> c);
     // nullopt when no settings file can be read.
     static std::optional<ConfigBanco> Le();
     static std::optional<ConfigBanco> LeDe(const std::string& arquivo);
