@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "common/contexto.h"
+#include "common/log.h"
+#include "common/portas.h"
+#include "relogio_teste.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Le(const fs::path& p) {
+    std::ifstream f(p);
+    std::stringstream s;
+    s << f.rdbuf();
+    return s.str();
+}
+
+void Escreve(const fs::path& p, const std::string& texto) { std::ofstream(p) << texto; }
+
+void AlteradoEm(const fs::path& p, Instante t) {
+    const timespec ts{std::chrono::system_clock::to_time_t(t), 0};
+    const timespec tempos[2] = {ts, ts};
+    ASSERT_EQ(utimensat(AT_FDCWD, p.c_str(), tempos, 0), 0);
+}
+
+// An environment variable set for one test and put back afterwards.
+class VariavelTemporaria {
+public:
+    VariavelTemporaria(const char* nome, const char* valor) : nome_(nome) {
+        if (const char* v = std::getenv(nome)) antigo_ = v;
+        valor ? setenv(nome, valor, 1) : unsetenv(nome);
+    }
+    ~VariavelTemporaria() { antigo_ ? setenv(nome_, antigo_->c_str(), 1) : unsetenv(nome_); }
+
+private:
+    const char* nome_;
+    std::optional<std::string> antigo_;
+};
+
+class ComPastaDeLog : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Contexto::Renova();
+        mensagens = std::make_shared<MensagensGravadas>();
+        PortasAtuais().mensagens = mensagens;
+        pasta = fs::temp_directory_path() / ("ztolvan-log-" + std::to_string(getpid()) + "-" +
+                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(pasta);
+        variavel.emplace("ZTOLVAN_LOG_DIR", pasta.c_str());
+        // Wednesday, 31 January 2024: weekday 4.
+        ParaORelogio(2024, 1, 31, 10, 20, 30);
+    }
+    void TearDown() override {
+        variavel.reset();
+        fs::remove_all(pasta);
+        Contexto::Renova();
+    }
+
+    void Grava(const std::string& texto, std::string projeto = "ztolvan", std::string rotina = "LerConfig") {
+        Valor t = texto;
+        GravaLog(t, projeto, rotina);
+    }
+
+    fs::path pasta;
+    std::optional<VariavelTemporaria> variavel;
+    std::shared_ptr<MensagensGravadas> mensagens;
+};
+
+const char* Inicio = "31/01/2024 10:20:30 Inicio \n";
+const char* Linha = "31/01/2024 10:20:30 Rotina: LerConfig - Erro= falhou\n";
+
+using GravaLogSemanal = ComPastaDeLog;
+
+TEST_F(GravaLogSemanal, ArquivoNovoComecaComInicioESeguePelaLinha) {
+    Grava("falhou");
+    EXPECT_EQ(Le(pasta / "ztolvan_4.log"), std::string(Inicio) + Linha);
+}
+
+TEST_F(GravaLogSemanal, TextoDoChamadorGanhaOPrefixoDeErro) {
+    Valor t = 42;
+    std::string projeto = "ztolvan", rotina = "R";
+    GravaLog(t, projeto, rotina);
+    EXPECT_EQ(t, Valor("Erro= 42"));
+}
+
+TEST_F(GravaLogSemanal, SegundaChamadaNoMesmoDiaAcrescenta) {
+    Grava("falhou");
+    Grava("falhou");
+    EXPECT_EQ(Le(pasta / "ztolvan_4.log"), std::string(Inicio) + Linha + Linha);
+}
+
+TEST_F(GravaLogSemanal, ArquivoAlteradoHojeMaisCedoAcrescenta) {
+    fs::create_directories(pasta);
+    Escreve(pasta / "ztolvan_4.log", "de manha\n");
+    AlteradoEm(pasta / "ztolvan_4.log", InstanteLocal(2024, 1, 31, 0, 0, 5));
+    Grava("falhou");
+    EXPECT_EQ(Le(pasta / "ztolvan_4.log"), std::string("de manha\n") + Linha);
+}
+
+TEST_F(GravaLogSemanal, ArquivoAlteradoAntesDeHojeRecomecaDoZero) {
+    fs::create_directories(pasta);
+    Escreve(pasta / "ztolvan_4.log", "semana passada\n");
+    AlteradoEm(pasta / "ztolvan_4.log", InstanteLocal(2024, 1, 30, 23, 59, 59));
+    Grava("falhou");
+    EXPECT_EQ(Le(pasta / "ztolvan_4.log"), Linha);
+}
+
+TEST_F(GravaLogSemanal, CadaDiaDaSemanaTemOSeuArquivo) {
+    ParaORelogio(2024, 1, 28); // Sunday
+    Grava("domingo");
+    ParaORelogio(2024, 2, 3); // Saturday
+    Grava("sabado");
+    EXPECT_NE(Le(pasta / "ztolvan_1.log").find("Erro= domingo"), std::string::npos);
+    EXPECT_NE(Le(pasta / "ztolvan_7.log").find("Erro= sabado"), std::string::npos);
+    EXPECT_EQ(Le(pasta / "ztolvan_7.log").find("domingo"), std::string::npos);
+}
+
+TEST_F(GravaLogSemanal, ProjetoEmBrancoEscreveEmProjAux) {
+    std::string projeto = "   ", rotina = "R";
+    Valor t = "x";
+    GravaLog(t, projeto, rotina);
+    EXPECT_TRUE(fs::exists(pasta / "ProjAux_4.log"));
+    EXPECT_EQ(projeto, "   ");
+}
+
+TEST_F(GravaLogSemanal, PastaQueNaoPodeSerCriadaNaoLancaETextoMudaMesmoAssim) {
+    fs::create_directories(pasta);
+    Escreve(pasta / "arquivo", "");
+    VariavelTemporaria impossivel("ZTOLVAN_LOG_DIR", (pasta / "arquivo" / "sub").c_str());
+    Valor t = "falhou";
+    std::string projeto = "ztolvan", rotina = "R";
+    EXPECT_NO_THROW(GravaLog(t, projeto, rotina));
+    EXPECT_EQ(t, Valor("Erro= falhou"));
+}
+
+TEST(PastaDoLog, VariavelPropriaVemPrimeiro) {
+    VariavelTemporaria a("ZTOLVAN_LOG_DIR", "/var/tmp/zlog");
+    VariavelTemporaria b("XDG_STATE_HOME", "/x/state");
+    EXPECT_EQ(PastaLog(), "/var/tmp/zlog");
+}
+
+TEST(PastaDoLog, DepoisOEstadoDoUsuarioEDepoisACasa) {
+    VariavelTemporaria a("ZTOLVAN_LOG_DIR", nullptr);
+    VariavelTemporaria casa("HOME", "/home/op");
+    {
+        VariavelTemporaria b("XDG_STATE_HOME", "/x/state");
+        EXPECT_EQ(PastaLog(), "/x/state/veltra");
+    }
+    VariavelTemporaria relativo("XDG_STATE_HOME", "relativo");
+    EXPECT_EQ(PastaLog(), "/home/op/.local/state/veltra");
+}
+
+using GeraLog = ComPastaDeLog;
+
+TEST_F(GeraLog, ExibeMensagemCriticaComTituloEUmaLinhaPorParte) {
+    sbGeraLog(0, "ztolvan", "1.0.1", "btnAlterar_Click", "5, Chamada inválida Linha: 30", "OPER", true, -1, "Erro");
+    ASSERT_EQ(mensagens->Mostradas().size(), 1u);
+    const MensagemMostrada& m = mensagens->Mostradas()[0];
+    EXPECT_EQ(m.Texto, "Origem: ztolvan\rVersão: 1.0.1\rRotina: btnAlterar_Click\rMensagem: 5, Chamada inválida "
+                       "Linha: 30");
+    EXPECT_EQ(m.Tipo, 16);
+    EXPECT_EQ(m.Titulo, "Erro");
+}
+
+TEST_F(GeraLog, SemExibirNaoMostraNemGravaArquivo) {
+    sbGeraLog(0, "ztolvan", "1.0.1", "Form_Load", "erro", "OPER", true, 0, "");
+    EXPECT_TRUE(mensagens->Mostradas().empty());
+    EXPECT_FALSE(fs::exists(pasta));
+}
+
+TEST_F(GeraLog, TodosOsDezSistemasSaoAceitos) {
+    for (int16_t s = 0; s < 10; ++s) sbGeraLog(s, "o", "v", "r", "m", "u", false, 1, "t");
+    ASSERT_EQ(mensagens->Mostradas().size(), 10u);
+    for (const auto& m : mensagens->Mostradas()) EXPECT_EQ(m.Texto.rfind("Origem: ", 0), 0u) << m.Texto;
+}
+
+TEST_F(GeraLog, SistemaForaDaTabelaReportaAPropriaFalha) {
+    EXPECT_NO_THROW(sbGeraLog(10, "o", "v", "r", "m", "u", false, 0, "t"));
+    EXPECT_NO_THROW(sbGeraLog(-1, "o", "v", "r", "m", "u", false, 0, "t"));
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
+    for (const auto& m : mensagens->Mostradas()) {
+        EXPECT_EQ(m.Texto.rfind("sbGeraLog, Linha: ", 0), 0u) << m.Texto;
+        EXPECT_EQ(m.Tipo, 16);
+    }
+}
+
+} // namespace
