@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <thread>
+
+#include "common/contexto.h"
+#include "common/portas.h"
+#include "common/seguranca.h"
+
+using namespace ztolvan;
+
+namespace {
+
+class ChecaSeguranca : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Contexto::Renova();
+        PortasAtuais().seguranca = [this]() -> std::shared_ptr<PortaSeguranca> {
+            ++criados;
+            ultimo = std::make_shared<SegurancaGravada>();
+            ultimo->resultado = proximoResultado;
+            ultimo->autorizador = proximoAutorizador;
+            return ultimo;
+        };
+    }
+    void TearDown() override { Contexto::Renova(); }
+
+    // Checks as the sales generation does, with the given operator and override.
+    int16_t Checa(std::string& operador, std::string& autorizador, std::optional<int16_t> empresa = 1,
+                  bool libera = false, const std::string& sobrepoe = "") {
+        int16_t resultado = -7;
+        GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "9999", empresa, libera, sobrepoe,
+                           "");
+        return resultado;
+    }
+
+    int criados = 0;
+    std::shared_ptr<SegurancaGravada> ultimo;
+    int16_t proximoResultado = seguranca::Autorizado;
+    std::string proximoAutorizador;
+};
+
+TEST_F(ChecaSeguranca, ArgumentosChegamAoComponenteNaOrdem) {
+    std::string op = "JOAO", aut;
+    int16_t r = -7;
+    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, aut, r, "9999", int16_t{3}, false, "SUPERVISOR", "ignorado");
+    ASSERT_EQ(ultimo->pedidas.size(), 1u);
+    const ChecagemPedida& p = ultimo->pedidas[0];
+    EXPECT_EQ(p.Codigo, 1);
+    EXPECT_EQ(p.Programa, "PJVELPEV");
+    EXPECT_EQ(p.Funcao, "DISPON");
+    EXPECT_EQ(p.Operador, "JOAO");
+    EXPECT_EQ(p.TextoPassado, "9999");
+    EXPECT_EQ(p.TextoSobrepoe, "SUPERVISOR");
+    EXPECT_EQ(p.Empresa, 3);
+}
+
+TEST_F(ChecaSeguranca, ResultadoDoComponenteVoltaAoChamador) {
+    std::string op = "JOAO", aut;
+    proximoResultado = seguranca::Recusado;
+    EXPECT_EQ(Checa(op, aut), seguranca::Recusado);
+    ultimo->resultado = seguranca::Autorizado;
+    EXPECT_EQ(Checa(op, aut), seguranca::Autorizado);
+}
+
+TEST_F(ChecaSeguranca, ComponenteCriadoUmaVezEMantidoEntreChecagens) {
+    std::string op = "JOAO", aut;
+    Checa(op, aut);
+    Checa(op, aut);
+    EXPECT_EQ(criados, 1);
+    EXPECT_EQ(ultimo->pedidas.size(), 2u);
+}
+
+TEST_F(ChecaSeguranca, LiberarFazAProximaChecagemCriarOutro) {
+    std::string op = "JOAO", aut;
+    Checa(op, aut, 1, true);
+    Checa(op, aut);
+    EXPECT_EQ(criados, 2);
+}
+
+TEST_F(ChecaSeguranca, EmpresaSoMudaQuandoInformada) {
+    std::string op = "JOAO", aut;
+    Checa(op, aut, std::nullopt);
+    Checa(op, aut, 5);
+    Checa(op, aut, std::nullopt);
+    ASSERT_EQ(ultimo->pedidas.size(), 3u);
+    EXPECT_EQ(ultimo->pedidas[0].Empresa, 0);
+    EXPECT_EQ(ultimo->pedidas[1].Empresa, 5);
+    EXPECT_EQ(ultimo->pedidas[2].Empresa, 5);
+}
+
+TEST_F(ChecaSeguranca, AutorizadorEQuemOComponenteDevolveEOperadorFica) {
+    std::string op = "JOAO", aut;
+    proximoAutorizador = "MARIA";
+    Checa(op, aut);
+    EXPECT_EQ(aut, "MARIA");
+    EXPECT_EQ(op, "JOAO");
+}
+
+TEST_F(ChecaSeguranca, OperadorEmBrancoPassaASerODevolvido) {
+    std::string op = "  ", aut;
+    proximoAutorizador = "MARIA";
+    Checa(op, aut);
+    EXPECT_EQ(op, "MARIA");
+    EXPECT_EQ(aut, "MARIA");
+}
+
+TEST_F(ChecaSeguranca, AutorizadorEmBrancoPassaASerOOperador) {
+    std::string op = "JOAO", aut = "ANTIGO";
+    proximoAutorizador = "   ";
+    Checa(op, aut);
+    EXPECT_EQ(aut, "JOAO");
+}
+
+TEST_F(ChecaSeguranca, LembraOTextoDeSobreposicaoSenaoOOperador) {
+    std::string op = "JOAO", aut;
+    EXPECT_EQ(OperadorLembrado(), "");
+    Checa(op, aut, 1, false, "SUPERVISOR");
+    EXPECT_EQ(OperadorLembrado(), "SUPERVISOR");
+    Checa(op, aut, 1, false, "  ");
+    EXPECT_EQ(OperadorLembrado(), "JOAO");
+}
+
+TEST_F(ChecaSeguranca, MemoriaEComponenteSaoDaThread) {
+    std::string op = "JOAO", aut;
+    Checa(op, aut, 1, false, "SUPERVISOR");
+    std::string visto = "?";
+    int16_t resultado = seguranca::Autorizado;
+    std::thread t([&] {
+        visto = OperadorLembrado();
+        std::string o = "X", a;
+        // The other thread has no factory of its own: nobody can authorise there.
+        GLO_ChecaSeguranca(1, "P", "F", o, a, resultado, "", std::nullopt, false, "", "");
+    });
+    t.join();
+    EXPECT_EQ(visto, "");
+    EXPECT_EQ(resultado, seguranca::Recusado);
+    EXPECT_EQ(criados, 1);
+}
+
+TEST_F(ChecaSeguranca, SemComponenteRecusa) {
+    PortasAtuais().seguranca = nullptr;
+    std::string op = "JOAO", aut;
+    EXPECT_EQ(Checa(op, aut), seguranca::Recusado);
+    EXPECT_EQ(aut, "JOAO");
+}
+
+class SegurancaQueFalha : public PortaSeguranca {
+public:
+    void ZProcessa(int16_t, const std::string&, const std::string&, std::string&, int16_t& Resultado,
+                   const std::string&, const std::string&) override {
+        Resultado = seguranca::Autorizado;
+        throw std::runtime_error("componente quebrado");
+    }
+};
+
+TEST_F(ChecaSeguranca, FalhaDoComponenteRecusaSemPropagar) {
+    PortasAtuais().seguranca = [] { return std::make_shared<SegurancaQueFalha>(); };
+    std::string op = "JOAO", aut;
+    int16_t r = seguranca::Autorizado;
+    EXPECT_NO_THROW(Checa(op, aut));
+    EXPECT_NO_THROW(r = Checa(op, aut));
+    EXPECT_EQ(r, seguranca::Recusado);
+}
+
+TEST_F(ChecaSeguranca, FabricaQueFalhaRecusaSemPropagar) {
+    PortasAtuais().seguranca = []() -> std::shared_ptr<PortaSeguranca> { throw std::runtime_error("sem componente"); };
+    std::string op = "JOAO", aut;
+    int16_t r = seguranca::Autorizado;
+    EXPECT_NO_THROW(r = Checa(op, aut));
+    EXPECT_EQ(r, seguranca::Recusado);
+}
+
+} // namespace

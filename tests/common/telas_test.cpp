@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include "common/contexto.h"
+#include "common/portas.h"
+#include "common/telas.h"
+
+using namespace ztolvan;
+
+namespace {
+
+class Telas : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Contexto::Renova();
+        telas = std::make_shared<TelasGravadas>();
+        PortasAtuais().telas = telas;
+    }
+    void TearDown() override { Contexto::Renova(); }
+    std::shared_ptr<TelasGravadas> telas;
+    int tela = 0; // stands for a screen model
+};
+
+TEST_F(Telas, MantemNoTopoLigaEDesligaATelaPedida) {
+    EXPECT_TRUE(MantemNoTopo(&tela, true));
+    EXPECT_TRUE(MantemNoTopo(&tela, false));
+    ASSERT_EQ(telas->chamadas.size(), 2u);
+    EXPECT_EQ(telas->chamadas[0].Operacao, "NoTopo");
+    EXPECT_EQ(telas->chamadas[0].Tela, &tela);
+    EXPECT_TRUE(telas->chamadas[0].Ligar);
+    EXPECT_FALSE(telas->chamadas[1].Ligar);
+}
+
+TEST_F(Telas, MantemNoTopoFalsoQuandoOSistemaDeJanelasRecusa) {
+    telas->aceitaNoTopo = false;
+    EXPECT_FALSE(MantemNoTopo(&tela, true));
+}
+
+TEST_F(Telas, SemTelaNadaEPedido) {
+    EXPECT_FALSE(MantemNoTopo(nullptr, true));
+    EXPECT_TRUE(telas->chamadas.empty());
+}
+
+TEST_F(Telas, EventosEBipeVaoPelaPorta) {
+    DoEvents();
+    Beep();
+    ASSERT_EQ(telas->chamadas.size(), 2u);
+    EXPECT_EQ(telas->chamadas[0].Operacao, "Eventos");
+    EXPECT_EQ(telas->chamadas[1].Operacao, "Bipe");
+}
+
+TEST(TelasPadrao, SemSistemaDeJanelasNadaFicaNoTopo) {
+    Contexto::Renova();
+    int tela = 0;
+    EXPECT_FALSE(MantemNoTopo(&tela, true));
+    EXPECT_NO_THROW(DoEvents());
+    Contexto::Renova();
+}
+
+} // namespace
