@@ -1,0 +1,45 @@
+#include <gtest/gtest.h>
+
+#include "data/seguranca/senha.h"
+
+using namespace ztolvan;
+
+namespace {
+
+TEST(HashDeSenha, TemFormaDeCryptComSalEConfereSoComASenhaCerta) {
+    const std::string h = GeraHashSenha("s3nha");
+    ASSERT_TRUE(h.rfind("$y$", 0) == 0 || h.rfind("$6$", 0) == 0) << h;
+    EXPECT_EQ(h.find("s3nha"), std::string::npos);
+    EXPECT_TRUE(ConfereSenha("s3nha", h));
+    EXPECT_FALSE(ConfereSenha("s3nhA", h));
+    EXPECT_FALSE(ConfereSenha("s3nha ", h));
+}
+
+TEST(HashDeSenha, CadaHashTemSeuSal) {
+    const std::string a = GeraHashSenha("igual"), b = GeraHashSenha("igual");
+    EXPECT_NE(a, b);
+    EXPECT_TRUE(ConfereSenha("igual", a));
+    EXPECT_TRUE(ConfereSenha("igual", b));
+}
+
+TEST(HashDeSenha, SenhaVaziaNaoGeraHashNemConfere) {
+    EXPECT_EQ(GeraHashSenha(""), "");
+    EXPECT_FALSE(ConfereSenha("", GeraHashSenha("x")));
+}
+
+TEST(HashDeSenha, HashVazioOuMalFormadoNaoConfereComNada) {
+    EXPECT_FALSE(ConfereSenha("x", ""));
+    EXPECT_FALSE(ConfereSenha("x", "*0"));
+    EXPECT_FALSE(ConfereSenha("x", "x"));
+    EXPECT_FALSE(ConfereSenha("x", "$y$quebrado"));
+}
+
+TEST(HashDeSenha, Sha512CryptFeitoPorOutraFerramentaConfere) {
+    // Made by `openssl passwd -6 -salt abcdefgh senha`.
+    const std::string h =
+        "$6$abcdefgh$EoHSae/BSqeou8BlT.4KEm7chI9y28.qpTvSWLhLAT6gsJPg/RIo8g2yAwHy21n33pbq6JMTpC4VRXraWFInF1";
+    EXPECT_TRUE(ConfereSenha("senha", h));
+    EXPECT_FALSE(ConfereSenha("Senha", h));
+}
+
+} // namespace
