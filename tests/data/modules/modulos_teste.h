@@ -1,0 +1,53 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "data/banco_param.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
+#include "data/modules/modulos.h"
+#include "data/schema/esquema.h"
+
+namespace ztolvan::teste {
+
+// A database of either kind with the component's schema, the thread's
+// connection open through a recording connector, and nothing recorded yet.
+class ComEsquema : public SobreOsDoisBancos {
+protected:
+    void SetUp() override {
+        SobreOsDoisBancos::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        gravador = GravaChamadas(db->kind());
+        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
+        std::string msg;
+        ASSERT_TRUE(CriaEsquema(msg)) << msg;
+        ZeraCursoresModulos();
+        gravador->chamadas.clear();
+    }
+
+    Comunica& c() { return ComunicaAtual(); }
+    const std::vector<MensagemMostrada>& Mostradas() { return db->mensagens->Mostradas(); }
+    std::vector<std::string> Palavras() { return gravador->Palavras(); }
+
+    // One value of a statement run straight on the database through the
+    // thread's connection (outside the modules).
+    Valor Um(const std::string& sql) {
+        c().Transacao = "REQUERY";
+        c().Cursor = 0;
+        c().Dados = sql;
+        ExecutaComunica();
+        EXPECT_EQ(c().Status, "00") << c().Msg << " em " << sql;
+        return c().Status == "00" ? c().Retorno[0] : Valor();
+    }
+
+    ConectorGravador* gravador = nullptr;
+};
+
+// Sets Funcao and Transacao of a module record and calls the module.
+template <class R> void Chama(R& registro, void (*modulo)(), const char* funcao, const char* transacao) {
+    registro.Funcao = funcao;
+    registro.Transacao = transacao;
+    modulo();
+}
+
+} // namespace ztolvan::teste
