@@ -1,0 +1,96 @@
+// The schema on both databases: created once or again, keyed, and able to run
+// the system's own statements with ISNULL and padded texts.
+#include <gtest/gtest.h>
+
+#include "common/texto.h"
+#include "data/modules/modulos_teste.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+class Esquema : public ComEsquema {
+protected:
+    // Rows of a statement run through the dispatcher, as the screens do.
+    std::vector<Valor::Lista> Linhas(const std::string& sql) {
+        std::vector<Valor::Lista> r;
+        c().Transacao = "OPEN";
+        c().Cursor = 0;
+        c().Dados = sql;
+        ExecutaComunica();
+        if (SemIsNullNoSqlite(c().Msg)) return r;
+        const int16_t cur = c().Cursor;
+        while (c().Status == "00") {
+            r.push_back(c().Retorno.lista());
+            c().Transacao = "NEXT";
+            c().Cursor = cur;
+            ExecutaComunica();
+        }
+        EXPECT_EQ(c().Status, "23") << c().Msg;
+        c().Transacao = "CLOSE";
+        c().Cursor = cur;
+        ExecutaComunica();
+        return r;
+    }
+};
+
+const char* const TodasAsTabelas[] = {"TBPAR",   "TBPNF",   "TBDOC",  "TBDOCIT", "TBICM",  "TBICMUF", "TBVEN",
+                                      "TBREP",   "TBMAT",   "TBMATEQ", "TBMATAG", "TBPEV", "TBPEVIT", "TBPEVDC",
+                                      "TBPEC",   "TBPECIT", "TBCUS",  "TBFOR",   "TBMATTP", "TBREGSRV"};
+
+TEST_P(Esquema, CriarDeNovoNaoMudaNadaEMantemOsDados) {
+    db->Direto("INSERT INTO TBMATTP (TIPO, DESCRICAO) VALUES (1, 'Varejo')");
+    std::string msg;
+    EXPECT_TRUE(CriaEsquema(msg)) << msg;
+    for (const char* t : TodasAsTabelas) EXPECT_EQ(CDbl(Um(std::string("SELECT COUNT(*) FROM ") + t)), t == std::string("TBMATTP") ? 1 : 0) << t;
+}
+
+TEST_P(Esquema, TodaTabelaTemChavePrimariaEOsItensSaoPorEmpresaDocumentoEItem) {
+    auto colunasDaChave = [&](const std::string& t) {
+        return CDbl(Um(db->kind() == Kind::Sqlite
+                           ? "SELECT COUNT(*) FROM pragma_table_info('" + t + "') WHERE pk > 0"
+                           : "SELECT COUNT(*) FROM information_schema.key_column_usage k JOIN "
+                             "information_schema.table_constraints c ON c.constraint_name = k.constraint_name AND "
+                             "c.table_schema = k.table_schema WHERE c.constraint_type = 'PRIMARY KEY' AND "
+                             "k.table_schema = current_schema() AND k.table_name = lower('" + t + "')"));
+    };
+    for (const char* t : TodasAsTabelas) EXPECT_GT(colunasDaChave(t), 0) << t;
+    EXPECT_EQ(colunasDaChave("TBPEVIT"), 3);
+    EXPECT_EQ(colunasDaChave("TBDOCIT"), 3);
+    EXPECT_EQ(colunasDaChave("TBPECIT"), 4) << "purchase items are numbered per supplier";
+    EXPECT_EQ(colunasDaChave("TBMATAG"), 3);
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A', 1)");
+    EXPECT_THROW(db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A   ', 1)"), std::runtime_error)
+        << "trailing blanks never make a key different";
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A', 2)");
+}
+
+TEST_P(Esquema, IsNullResolveParaNumerosTextosEDuplos) {
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, TIPO, Nome, Valor) VALUES (1, 'A', 1, NULL, NULL, NULL)");
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, TIPO, Nome, Valor) VALUES (1, 'B', 1, 2, 'Nome', 1.5)");
+    auto l = Linhas("SELECT ISNULL(TIPO, ''), ISNULL(Nome, 'x'), ISNULL(Valor, 0), ISNULL(Item, 0) FROM TBMATAG "
+                    "ORDER BY Codigo");
+    if (SemIsNullNoSqlite(c().Msg)) GTEST_SKIP() << "the SQLite connector does not turn ISNULL into IFNULL yet";
+    ASSERT_EQ(l.size(), 2u);
+    EXPECT_EQ(CDbl(l[0][0]), 0);
+    EXPECT_EQ(Apara(CStr(l[0][1])), "x");
+    EXPECT_EQ(CDbl(l[0][2]), 0);
+    EXPECT_EQ(CDbl(l[1][0]), 2);
+    EXPECT_EQ(Apara(CStr(l[1][1])), "Nome");
+    EXPECT_DOUBLE_EQ(CDbl(l[1][2]), 1.5);
+    EXPECT_EQ(CDbl(l[1][3]), 1);
+}
+
+TEST_P(Esquema, NumerosComparadosComLiteraisEntreAspas) {
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, STTR) VALUES (1, 'A', 1, 0)");
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, STTR) VALUES (2, 'A', 1, 1)");
+    auto l = Linhas("SELECT DISTINCT T1.CODIGO, T1.NOME, T1.STTR  FROM TBMATAG T1 WHERE T1.EMPRESA = '1' AND "
+                    "T1.STTR = '0'");
+    ASSERT_EQ(l.size(), 1u);
+    EXPECT_EQ(Apara(CStr(l[0][0])), "A");
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Esquema);
+
+} // namespace
