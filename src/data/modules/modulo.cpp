@@ -28,6 +28,18 @@ size_t AchaPalavra(std::string_view texto, std::string_view palavra, size_t de =
     return std::string_view::npos;
 }
 
+// The comma-separated items of a column list.
+std::vector<std::string_view> Itens(std::string_view lista) {
+    std::vector<std::string_view> r;
+    for (size_t de = 0; de <= lista.size();) {
+        size_t virgula = lista.find(',', de);
+        if (virgula == std::string_view::npos) virgula = lista.size();
+        r.push_back(lista.substr(de, virgula - de));
+        de = virgula + 1;
+    }
+    return r;
+}
+
 // Splits "T1.Nome" into alias and name.
 std::pair<std::string, std::string> AliasENome(std::string_view item) {
     std::string s = Apara(item);
@@ -197,17 +209,12 @@ Manipulador Seleciona(std::string funcao, std::string texto, std::vector<std::pa
         m.naoResolvidos.push_back(m.funcao + ": sem SELECT ... FROM");
         return m;
     }
-    const std::string lista = m.texto.substr(ini + 6, fim - ini - 6);
-    size_t de = 0;
-    while (de <= lista.size()) {
-        size_t virgula = lista.find(',', de);
-        if (virgula == std::string::npos) virgula = lista.size();
-        auto [alias, nome] = AliasENome(std::string_view(lista).substr(de, virgula - de));
-        size_t alvo = apelidos.size(); // no such alias: unresolved
+    for (std::string_view item : Itens(std::string_view(m.texto).substr(ini + 6, fim - ini - 6))) {
+        auto [alias, nome] = AliasENome(item);
+        size_t alvo = 99; // no such alias: unresolved
         for (size_t k = 0; k < apelidos.size(); ++k)
             if (IguaisSemCaixa(apelidos[k].first, alias)) alvo = k;
-        m.destinos.push_back(Resolve(m.alvos, alvo == apelidos.size() ? 99 : alvo, nome, m));
-        de = virgula + 1;
+        m.destinos.push_back(Resolve(m.alvos, alvo, nome, m));
     }
     ParametrosPorNome(m, 0, alvoChave, alvoChave);
     return m;
@@ -224,14 +231,8 @@ Manipulador Insere(std::string funcao, std::string texto, Alvo registro) {
         m.naoResolvidos.push_back(m.funcao + ": sem lista de colunas");
         return m;
     }
-    const std::string lista = m.texto.substr(abre + 1, fecha - abre - 1);
-    size_t de = 0;
-    while (de <= lista.size()) {
-        size_t virgula = lista.find(',', de);
-        if (virgula == std::string::npos) virgula = lista.size();
-        m.parametros.push_back(Resolve(m.alvos, 0, Apara(std::string_view(lista).substr(de, virgula - de)), m));
-        de = virgula + 1;
-    }
+    for (std::string_view item : Itens(std::string_view(m.texto).substr(abre + 1, fecha - abre - 1)))
+        m.parametros.push_back(Resolve(m.alvos, 0, Apara(item), m));
     if (Marcadores(m.texto).size() != m.parametros.size())
         m.naoResolvidos.push_back(m.funcao + ": colunas e marcadores em número diferente");
     return m;
