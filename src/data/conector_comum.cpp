@@ -72,7 +72,7 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
             Msg = "PREPARE espera o texto de um comando";
             return;
         }
-        auto cmd = Prepara(Dados.texto(), Msg);
+        auto cmd = Prepara(Dados.texto(), false, Msg);
         if (!cmd) {
             Status = status::Falha;
             Cursor = 0;
@@ -101,7 +101,7 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
             Msg = palavra + " sem cursor espera o texto de um comando";
             return;
         }
-        auto cmd = Prepara(Dados.texto(), Msg);
+        auto cmd = Prepara(Dados.texto(), true, Msg);
         if (!cmd) {
             Status = status::Falha;
             return;
@@ -199,7 +199,7 @@ void ConectorComum::Consulta(int16_t, const std::string& Texto, TabelaResultado&
             Msg = MsgSemConexao();
             return;
         }
-        auto cmd = Prepara(Texto, Msg);
+        auto cmd = Prepara(Texto, true, Msg);
         if (!cmd) {
             Status = status::Falha;
             return;

@@ -34,8 +34,9 @@ protected:
                          const std::string& Senha, std::string& msg) = 0;
     virtual void Desconecta() = 0;
     virtual bool Conectado() const = 0;
-    // nullptr with msg on failure.
-    virtual std::unique_ptr<Comando> Prepara(const std::string& texto, std::string& msg) = 0;
+    // nullptr with msg on failure. An avulso statement runs once (a text sent
+    // with handle 0): the kind need not keep it prepared.
+    virtual std::unique_ptr<Comando> Prepara(const std::string& texto, bool avulso, std::string& msg) = 0;
     // Runs the statement with its values. A query fills tabela (column names
     // only when comColunas); a change runs inside the pending unit of change,
     // which the kind opens on the first change. Returns the status code.

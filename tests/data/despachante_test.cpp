@@ -6,6 +6,7 @@
 #include "data/despachante.h"
 #include "data/banco_dados.h"
 #include "data/banco_param.h"
+#include "data/sqlite/conector_sqlite.h"
 
 using namespace ztolvan;
 using namespace ztolvan::teste;
@@ -255,5 +256,18 @@ TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(Despachante);
+
+} // namespace
+
+namespace {
+
+TEST(DialetoSqlite, IsNullViraIfNullForaDeAspas) {
+    EXPECT_EQ(ConectorSqlite::TraduzDialeto("SELECT ISNULL(a,'x'), isnull (b, 0) FROM t"),
+              "SELECT IFNULL(a,'x'), IFNULL (b, 0) FROM t");
+    EXPECT_EQ(ConectorSqlite::TraduzDialeto("SELECT 'ISNULL(' , \"ISNULL(\" FROM t WHERE a ISNULL"),
+              "SELECT 'ISNULL(' , \"ISNULL(\" FROM t WHERE a ISNULL")
+        << "quoted texts, names and the postfix operator stay";
+    EXPECT_EQ(ConectorSqlite::TraduzDialeto("SELECT MYISNULL(a) FROM t"), "SELECT MYISNULL(a) FROM t");
+}
 
 } // namespace

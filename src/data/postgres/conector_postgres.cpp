@@ -15,6 +15,7 @@ struct ConectorPostgres::ComandoPg : Comando {
     int parametros = 0;
     bool consulta = false;
     bool altera = false;
+    bool avulso = false; // run with PQexecParams: nothing kept on the server
     unsigned geracao = 0;
     int Parametros() const override { return parametros; }
     bool EhConsulta() const override { return consulta; }
@@ -194,11 +195,18 @@ bool ConectorPostgres::PreparaNoServidor(ComandoPg& c, std::string& msg) {
     return true;
 }
 
-std::unique_ptr<ConectorComum::Comando> ConectorPostgres::Prepara(const std::string& texto, std::string& msg) {
+std::unique_ptr<ConectorComum::Comando> ConectorPostgres::Prepara(const std::string& texto, bool avulso,
+                                                                  std::string& msg) {
     if (!Disponivel(msg)) return nullptr;
     auto c = std::make_unique<ComandoPg>();
     c->texto = Numera(texto, c->parametros);
     c->altera = !SoLe(texto);
+    if (avulso) {
+        // Run once and forgotten: a server-side statement would pile up.
+        c->avulso = true;
+        c->consulta = !c->altera;
+        return c;
+    }
     c->nome = "zt" + std::to_string(++proximoNome_);
     // Preparing inside a unit must not spoil it when the text is wrong.
     if (emUnidade_ && Simples("SAVEPOINT zt_prep", msg) != status::Ok) return nullptr;
@@ -214,7 +222,7 @@ std::unique_ptr<ConectorComum::Comando> ConectorPostgres::Prepara(const std::str
 
 std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela,
                                    bool comColunas, std::string& msg) {
-    if (c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
+    if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
     std::vector<std::string> textos(valores.size());
     std::vector<const char*> ptrs(valores.size());
     for (size_t i = 0; i < valores.size(); ++i) {
@@ -225,9 +233,12 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
             ptrs[i] = textos[i].c_str();
         }
     }
-    auto r = Envolve(PQexecPrepared(conn_, c.nome.c_str(), static_cast<int>(ptrs.size()), ptrs.data(), nullptr,
-                                    nullptr, 0));
+    auto r = Envolve(c.avulso ? PQexecParams(conn_, c.texto.c_str(), static_cast<int>(ptrs.size()), nullptr,
+                                             ptrs.data(), nullptr, nullptr, 0)
+                              : PQexecPrepared(conn_, c.nome.c_str(), static_cast<int>(ptrs.size()), ptrs.data(),
+                                               nullptr, nullptr, 0));
     ExecStatusType est = PQresultStatus(r.get());
+    if (c.avulso) c.consulta = est == PGRES_TUPLES_OK;
     if (est != PGRES_TUPLES_OK && est != PGRES_COMMAND_OK) {
         msg = MensagemDe(conn_, r.get());
         return StatusDe(r.get());

@@ -24,7 +24,7 @@ protected:
                  const std::string& Senha, std::string& msg) override;
     void Desconecta() override;
     bool Conectado() const override { return conn_ != nullptr; }
-    std::unique_ptr<Comando> Prepara(const std::string& texto, std::string& msg) override;
+    std::unique_ptr<Comando> Prepara(const std::string& texto, bool avulso, std::string& msg) override;
     std::string Executa(Comando& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
                         std::string& msg) override;
     std::string Confirma(std::string& msg) override;

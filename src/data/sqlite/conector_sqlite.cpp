@@ -1,5 +1,8 @@
 #include "data/sqlite/conector_sqlite.h"
 
+#include <cctype>
+
+#include "common/texto.h"
 #include "data/comunica.h"
 
 namespace ztolvan {
@@ -13,10 +16,40 @@ struct ConectorSqlite::ComandoSqlite : Comando {
 
 namespace {
 
-// ISNULL(a, b): a, or b when a is NULL.
-void FuncaoIsNull(sqlite3_context* ctx, int, sqlite3_value** argv) {
-    sqlite3_result_value(ctx, sqlite3_value_type(argv[0]) == SQLITE_NULL ? argv[1] : argv[0]);
+bool LetraDeNome(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$'; }
+
+} // namespace
+
+// SQLite reads ISNULL as a keyword (the postfix "x ISNULL"), so no function
+// of that name can be called: the suite's ISNULL(a, b) becomes SQLite's own
+// IFNULL(a, b), outside quoted texts and names.
+std::string ConectorSqlite::TraduzDialeto(const std::string& texto) {
+    std::string r = texto;
+    char aspas = 0;
+    for (size_t i = 0; i < r.size(); ++i) {
+        const char c = r[i];
+        if (aspas) {
+            if (c == aspas) aspas = 0;
+            continue;
+        }
+        if (c == '\'' || c == '"' || c == '[') {
+            aspas = c == '[' ? ']' : c;
+            continue;
+        }
+        if ((c != 'I' && c != 'i') || (i > 0 && LetraDeNome(r[i - 1])) || i + 6 > r.size() ||
+            !IguaisSemCaixa(std::string_view(r).substr(i, 6), "ISNULL"))
+            continue;
+        size_t j = i + 6;
+        while (j < r.size() && std::isspace(static_cast<unsigned char>(r[j]))) ++j;
+        if (j < r.size() && r[j] == '(') {
+            r.replace(i, 6, "IFNULL");
+            i += 5;
+        }
+    }
+    return r;
 }
+
+namespace {
 
 Valor Coluna(sqlite3_stmt* st, int i) {
     switch (sqlite3_column_type(st, i)) {
@@ -84,9 +117,7 @@ bool ConectorSqlite::Conecta(const std::string&, const std::string& Banco, const
     sqlite3_busy_timeout(db_, EsperaOcupadoMs);
     std::string erro;
     if (Simples("PRAGMA journal_mode=WAL", erro) != status::Ok ||
-        Simples("PRAGMA synchronous=FULL", erro) != status::Ok ||
-        sqlite3_create_function_v2(db_, "ISNULL", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, FuncaoIsNull,
-                                   nullptr, nullptr, nullptr) != SQLITE_OK) {
+        Simples("PRAGMA synchronous=FULL", erro) != status::Ok) {
         msg = "Não foi possível preparar o banco " + Banco + ": " + (erro.empty() ? sqlite3_errmsg(db_) : erro);
         Desconecta();
         return false;
@@ -123,10 +154,12 @@ std::string ConectorSqlite::Simples(const char* sql, std::string& msg) {
     return status::Falha;
 }
 
-std::unique_ptr<ConectorComum::Comando> ConectorSqlite::Prepara(const std::string& texto, std::string& msg) {
+std::unique_ptr<ConectorComum::Comando> ConectorSqlite::Prepara(const std::string& texto, bool avulso,
+                                                                std::string& msg) {
     auto c = std::make_unique<ComandoSqlite>();
-    int rc = sqlite3_prepare_v3(db_, texto.c_str(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
-                                &c->stmt, nullptr);
+    const std::string sql = TraduzDialeto(texto);
+    int rc = sqlite3_prepare_v3(db_, sql.c_str(), static_cast<int>(sql.size()),
+                                avulso ? 0 : SQLITE_PREPARE_PERSISTENT, &c->stmt, nullptr);
     if (rc != SQLITE_OK) {
         Falha(rc, msg);
         return nullptr;

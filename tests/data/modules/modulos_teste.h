@@ -40,13 +40,6 @@ protected:
         return c().Status == "00" ? c().Retorno[0] : Valor();
     }
 
-    // SQLite's parser takes ISNULL for its postfix operator, so a statement
-    // with ISNULL(a, b) runs there only once the connector turns it into
-    // IFNULL(a, b) before preparing; until then such a test is skipped.
-    bool SemIsNullNoSqlite(const std::string& msg) const {
-        return db->kind() == Kind::Sqlite && msg.find("near \"ISNULL\": syntax error") != std::string::npos;
-    }
-
     ConectorGravador* gravador = nullptr;
 };
 

@@ -190,7 +190,6 @@ TEST_P(DadosDemo, AConsultaDaGradeDeItensRodaComIsNullNosDoisBancos) {
     clsBancoDados bd;
     ASSERT_TRUE(bd.fcAbreBancoDadosVeltra(1));
     auto r = bd.fcExecutaComando(1, GradeDeItens("CESTA02", "1"), false);
-    if (SemIsNullNoSqlite(r.mensagem)) GTEST_SKIP() << "the SQLite connector does not turn ISNULL into IFNULL yet";
     ASSERT_EQ(r.situacao, "00") << r.mensagem;
     int linhas = 0, semProduto = 0;
     for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext(), ++linhas) {

@@ -1,0 +1,235 @@
+// ztolvan: the host command line. It stands in for the suite's host screens:
+// creates and seeds databases and calls ZProcessa with any of its arguments.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+#include "common/conversao.h"
+#include "common/mensagens.h"
+#include "common/portas.h"
+#include "common/texto.h"
+#include "data/comunica.h"
+#include "data/config_banco.h"
+#include "data/despachante.h"
+#include "data/schema/esquema.h"
+#include "data/sqlite/conector_sqlite.h"
+#include "entry/sessao.h"
+#include "saida.h"
+#include "ztolvan/consultalista.h"
+
+using namespace ztolvan;
+
+namespace {
+
+// Exit codes (README lists them).
+constexpr int SaidaOk = 0;
+constexpr int SaidaBanco = 2;
+constexpr int SaidaInterna = 3;
+
+struct Conexao {
+    std::string db, servidor, banco, usuario, senhaBanco;
+
+    void Opcoes(CLI::App* app) {
+        app->add_option("--db", db, "SQLite database file (the desktop-file kind)");
+        app->add_option("--servidor", servidor, "PostgreSQL host[:port]");
+        app->add_option("--banco", banco, "PostgreSQL database");
+        app->add_option("--usuario", usuario, "PostgreSQL user");
+        app->add_option("--senha-banco", senhaBanco, "PostgreSQL password");
+    }
+    // What the command line says stands in for the settings file.
+    void Fixa() const {
+        if (!db.empty()) ConfigBanco::DefineFixa(ConfigBanco{"ACCESS", db, "", ""});
+        else if (!servidor.empty()) ConfigBanco::DefineFixa(ConfigBanco{servidor, banco, usuario, senhaBanco});
+    }
+};
+
+// Messages go to stderr; yes/no questions get the answer the operator chose.
+class MensagensDoTerminal : public PortaMensagens {
+public:
+    explicit MensagensDoTerminal(bool sim) : sim_(sim) {}
+    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& T1,
+                   const std::string&, const std::string&, int32_t, const std::string&) override {
+        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), Texto.c_str(), T1.empty() ? "" : " | ", T1.c_str());
+        int botao = PrimeiroBotao(Tipo);
+        if (!sim_ && botao == msg::RespostaSim) return msg::RespostaNao;
+        if (!sim_ && botao == msg::RespostaOK && (Tipo & 7) == msg::OKCancelar) return msg::RespostaCancelar;
+        return botao;
+    }
+
+private:
+    bool sim_;
+};
+
+bool Conecta(const Conexao& c) {
+    c.Fixa();
+    std::string s, b, u, p;
+    int16_t silencioso = 0;
+    AbreConexao(s, b, u, p, silencioso);
+    return ComunicaAtual().Status == status::Ok;
+}
+
+int Init(const Conexao& c) {
+    if (!c.db.empty()) {
+        std::string msg;
+        if (!ConectorSqlite::CriaArquivo(c.db, msg)) {
+            std::fprintf(stderr, "ztolvan init: %s\n", msg.c_str());
+            return SaidaBanco;
+        }
+    }
+    if (!Conecta(c)) return SaidaBanco;
+    std::string msg;
+    if (!CriaEsquema(msg)) {
+        std::fprintf(stderr, "ztolvan init: %s\n", msg.c_str());
+        return SaidaBanco;
+    }
+    FechaConexao();
+    std::printf("esquema criado\n");
+    return SaidaOk;
+}
+
+int Seed(const Conexao& c) {
+    if (!Conecta(c)) return SaidaBanco;
+    std::string msg;
+    if (!SemeiaDemo(msg)) {
+        std::fprintf(stderr, "ztolvan seed: %s\n", msg.c_str());
+        return SaidaBanco;
+    }
+    FechaConexao();
+    std::printf("dados de demonstração gravados\n");
+    return SaidaOk;
+}
+
+// A statement through the dispatcher, the way the screens run theirs:
+// PREPARE, OPEN, NEXT until "23", CLOSE; each step and row printed.
+int Consulta(const Conexao& c, const std::string& sql) {
+    if (!Conecta(c)) return SaidaBanco;
+    Comunica& k = ComunicaAtual();
+    PreparaComando(sql);
+    std::printf("PREPARE: %s cursor %d\n", k.Status.c_str(), k.Cursor);
+    if (k.Status != status::Ok) {
+        std::fprintf(stderr, "ztolvan consulta: %s\n", k.Msg.c_str());
+        return SaidaBanco;
+    }
+    const int16_t cursor = k.Cursor;
+    k.Transacao = "OPEN";
+    k.Dados = std::string();
+    ExecutaComunica();
+    std::printf("OPEN: %s\n", k.Status.c_str());
+    int linhas = 0;
+    while (k.Status == status::Ok) {
+        std::string linha;
+        for (size_t i = 0; i < k.Retorno.tamanho(); ++i) linha += (i ? "\t" : "") + AparaDireita(CStr(k.Retorno[i]));
+        std::printf("%s\n", linha.c_str());
+        ++linhas;
+        k.Transacao = "NEXT";
+        ExecutaComunica();
+    }
+    const std::string fim = k.Status, msgFim = k.Msg;
+    k.Transacao = "CLOSE";
+    k.Cursor = cursor;
+    ExecutaComunica();
+    std::printf("NEXT: %s after %d rows; CLOSE: %s\n", fim.c_str(), linhas, k.Status.c_str());
+    if (fim != status::SemLinha) {
+        std::fprintf(stderr, "ztolvan consulta: %s\n", msgFim.c_str());
+        return SaidaBanco;
+    }
+    FechaConexao();
+    return SaidaOk;
+}
+
+struct ArgumentosProcessa {
+    int empresa = 1;
+    std::string operador = "DEMO", senha, origem = "V", dadosVendas;
+    int opcao = 0, numdoc = 0, tpmov = 0;
+    std::optional<int> tipoPreco;
+    bool inativos = false, modoCaptura = false, json = false, mostrarSessao = false;
+    std::string resposta = "sim";
+};
+
+Valor ListaDeDados(const std::string& texto) {
+    Valor::Lista l;
+    std::stringstream ss(texto);
+    std::string item;
+    while (std::getline(ss, item, ',')) {
+        // Whole numbers go as numbers, the rest as texts, as a host would pass them.
+        char* fim = nullptr;
+        long long n = std::strtoll(item.c_str(), &fim, 10);
+        if (!item.empty() && fim && *fim == '\0') l.emplace_back(n);
+        else l.emplace_back(item);
+    }
+    return Valor(std::move(l));
+}
+
+int Processa(const Conexao& c, const ArgumentosProcessa& a) {
+    PortasAtuais().mensagens = std::make_shared<MensagensDoTerminal>(Normaliza(a.resposta) != "NAO");
+    c.Fixa();
+    consultalista componente;
+    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
+    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = static_cast<int16_t>(a.opcao),
+            tpmov = static_cast<int16_t>(a.tpmov), statusret = 0, zstatus = 0;
+    int32_t codigo = 0, numdoc = a.numdoc;
+    std::string operador = a.operador, senha = a.senha, origem = a.origem, mens;
+    Valor dados = a.dadosVendas.empty() ? Valor() : ListaDeDados(a.dadosVendas);
+    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
+    bool inativos = a.inativos, captura = a.modoCaptura;
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus, mens,
+                         &dados, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+    Resultado r{codigo, statusret, zstatus, mens, dados, a.mostrarSessao ? &SessaoAtual() : nullptr};
+    std::cout << (a.json ? ComoJson(r) : ComoTexto(r));
+    return SaidaOk;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{"ztolvan: the product-groupings component of the Veltra suite, driven from the command line"};
+    app.require_subcommand(1);
+    app.set_version_flag("--version", consultalista::Versao());
+
+    Conexao conexao;
+    auto* init = app.add_subcommand("init", "create the schema (a new SQLite file with --db)");
+    conexao.Opcoes(init);
+    auto* seed = app.add_subcommand("seed", "write the demo data");
+    Conexao conexaoSeed;
+    conexaoSeed.Opcoes(seed);
+
+    Conexao conexaoConsulta;
+    std::string sql;
+    auto* consulta = app.add_subcommand("consulta", "run a statement through the dispatcher and print its rows");
+    conexaoConsulta.Opcoes(consulta);
+    consulta->add_option("sql", sql, "the statement")->required();
+
+    ArgumentosProcessa a;
+    Conexao conexaoProc;
+    auto* proc = app.add_subcommand("processa", "call ZProcessa and print what comes back");
+    conexaoProc.Opcoes(proc);
+    proc->add_option("--empresa", a.empresa, "zEmpresa")->capture_default_str();
+    proc->add_option("--operador", a.operador, "zoperador")->capture_default_str();
+    proc->add_option("--senha", a.senha, "Zsenha (accepted, not used)");
+    proc->add_option("--opcao", a.opcao, "zopcao: 1 opens the screens")->capture_default_str();
+    proc->add_option("--origem", a.origem, "Zorigem: V, D, C, P, F or other")->capture_default_str();
+    proc->add_option("--numdoc", a.numdoc, "Znumdoc");
+    proc->add_option("--tpmov", a.tpmov, "Ztpmov");
+    proc->add_option("--dados-vendas", a.dadosVendas, "ZDadosVendas, comma-separated (V/D: 7 values, C: 2)");
+    proc->add_option("--tipo-preco", a.tipoPreco, "ztipodepreco (omitted when not given)");
+    proc->add_flag("--inativos", a.inativos, "zInativos");
+    proc->add_flag("--modo-captura", a.modoCaptura, "zModoCaptura");
+    proc->add_option("--resposta", a.resposta, "answer to yes/no questions: sim or nao")->capture_default_str();
+    proc->add_flag("--json", a.json, "print as JSON");
+    proc->add_flag("--mostrar-sessao", a.mostrarSessao, "also print Sessao after the call");
+
+    CLI11_PARSE(app, argc, argv);
+    try {
+        if (*init) return Init(conexao);
+        if (*seed) return Seed(conexaoSeed);
+        if (*proc) return Processa(conexaoProc, a);
+        if (*consulta) return Consulta(conexaoConsulta, sql);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "ztolvan: %s\n", e.what());
+        return SaidaInterna;
+    }
+    return SaidaOk;
+}

@@ -1,0 +1,9 @@
+#include "entry/sessao.h"
+
+#include "common/contexto.h"
+
+namespace ztolvan {
+
+Sessao& SessaoAtual() { return Contexto::Atual().Parte<Sessao>(); }
+
+} // namespace ztolvan

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "common/portas.h"
+#include "data/banco_param.h"
+#include "data/comunica.h"
+#include "data/schema/esquema.h"
+#include "entry/sessao.h"
+#include "entry/settings/configuracao.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+class Configuracao : public SobreOsDoisBancos {
+protected:
+    void SetUp() override {
+        SobreOsDoisBancos::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        gravador = GravaChamadas(db->kind());
+        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
+        std::string msg;
+        ASSERT_TRUE(CriaEsquema(msg)) << msg;
+        armazem = std::make_shared<ArmazemMemoria>();
+        PortasAtuais().armazem = armazem;
+        setenv("ZTOLVAN_LOG_DIR", db->Pasta().c_str(), 1);
+        SessaoAtual().Operador = "DEMO";
+    }
+    void Grava(const std::string& usuario, const std::string& chave, const std::string& valor) {
+        db->Direto("INSERT INTO TBREGSRV (usuario, chave, valor) VALUES ('" + usuario + "', '" + chave + "', '" +
+                   valor + "')");
+    }
+    int LeiturasDaTabela() const {
+        int n = 0;
+        for (auto& c : gravador->chamadas) n += c.Texto.find("FROM TBREGSRV") != std::string::npos;
+        return n;
+    }
+    std::string Log() const {
+        std::string tudo;
+        for (auto& e : std::filesystem::directory_iterator(db->Pasta()))
+            if (e.path().extension() == ".log") {
+                std::ifstream f(e.path());
+                tudo += std::string(std::istreambuf_iterator<char>(f), {});
+            }
+        return tudo;
+    }
+
+    ConectorGravador* gravador = nullptr;
+    std::shared_ptr<ArmazemMemoria> armazem;
+};
+
+TEST_P(Configuracao, ValorDaTabelaDoOperadorVenceOArmazem) {
+    Grava("DEMO", "PRECO VENDA", "3");
+    armazem->valores["PRECO VENDA"] = "5";
+    LerAjuste(Ajuste::PrecoVenda);
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 3);
+}
+
+TEST_P(Configuracao, ValorEmBrancoNaTabelaDaOPadraoSemLerOArmazem) {
+    Grava("DEMO", "DESCONTO CASCATA", "   ");
+    armazem->valores["DESCONTO CASCATA"] = "SIM";
+    LerAjuste(Ajuste::DescontoCascata);
+    EXPECT_EQ(SessaoAtual().DescontoCascata, "NAO");
+}
+
+TEST_P(Configuracao, SemLinhaVemDoArmazemOuDoPadraoEFicaNoLog) {
+    armazem->valores["BLOQUEIA ITENS"] = "SIM";
+    LerAjuste(Ajuste::BloqueiaItens);
+    EXPECT_EQ(SessaoAtual().BloqueiaItens, "SIM");
+    LerAjuste(Ajuste::CobraICMSSubstituto);
+    EXPECT_EQ(SessaoAtual().CobraICMSSubstituto, "SIM") << "the default";
+    const std::string log = Log();
+    EXPECT_NE(log.find("Rotina: Registro_Consultar_Dados - Erro= "), std::string::npos) << log;
+}
+
+TEST_P(Configuracao, OutroOperadorNaoServe) {
+    Grava("OUTRO", "PRECO VENDA", "3");
+    LerAjuste(Ajuste::PrecoVenda);
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 1);
+}
+
+TEST_P(Configuracao, Falha99PassaTudoParaOArmazemSemVoltarATabela) {
+    db->Direto("DROP TABLE TBREGSRV");
+    armazem->valores["PRECO VENDA"] = "2";
+    LerAjuste(Ajuste::PrecoVenda);
+    EXPECT_TRUE(SemTabelaRegistro());
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 2);
+    const int antes = LeiturasDaTabela();
+    LerAjuste(Ajuste::BloqueiaItens);
+    LerAjuste(Ajuste::TipoPrecoCompra);
+    EXPECT_EQ(LeiturasDaTabela(), antes);
+    EXPECT_EQ(SessaoAtual().TipoPrecoCompra, " ");
+}
+
+TEST_P(Configuracao, IcmsAntecipadoEmBrancoNoArmazemLeNao) {
+    armazem->valores["ICMS Antecipado"] = "  ";
+    LerAjuste(Ajuste::ICMSAntecipado);
+    EXPECT_EQ(SessaoAtual().ICMSAntecipado, "NAO");
+}
+
+TEST_P(Configuracao, NumeroInvalidoDaOPadraoEDizNoLogQualAjusteCorrigir) {
+    Grava("DEMO", "PRECO VENDA", "dois");
+    Grava("DEMO", "Empresa Origem", "70000");
+    LerAjuste(Ajuste::PrecoVenda);
+    LerAjuste(Ajuste::EmpresaOrigem);
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 1);
+    EXPECT_EQ(SessaoAtual().EmpresaOrigem, 0);
+    const std::string log = Log();
+    EXPECT_NE(log.find("\"PRECO VENDA\""), std::string::npos) << log;
+    EXPECT_NE(log.find("\"Empresa Origem\""), std::string::npos) << log;
+}
+
+TEST_P(Configuracao, AspasNoOperadorENaChaveSaoDobradas) {
+    Grava("D''AVILA", "PRECO VENDA", "2");
+    EXPECT_EQ(Registro_Consultar_Dados("D'AVILA", "PRECO VENDA"), "00/2");
+    EXPECT_EQ(Registro_Consultar_Dados(" D'AVILA ", "X' OR '1'='1").substr(0, 3), "23/");
+}
+
+TEST_P(Configuracao, ConsultaDevolveStatusBarraValor) {
+    Grava("DEMO", "IMPRESSORA MATRICIAL", " SIM ");
+    EXPECT_EQ(Registro_Consultar_Dados("DEMO", "IMPRESSORA MATRICIAL"), "00/SIM");
+    const Chamada& ultima = gravador->chamadas.back();
+    EXPECT_EQ(ultima.Transacao, "REQUERY");
+    EXPECT_EQ(ultima.Cursor, 0);
+    EXPECT_EQ(ultima.Texto, "SELECT usuario, chave, valor, dtinc, hrinc, dtatu, hratu, usuarioatu, usuarioinc FROM "
+                            "TBREGSRV WHERE usuario = 'DEMO' AND chave = 'IMPRESSORA MATRICIAL'");
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Configuracao);
+
+} // namespace

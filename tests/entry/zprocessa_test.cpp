@@ -1,0 +1,277 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "common/portas.h"
+#include "common/texto.h"
+#include "data/banco_param.h"
+#include "data/comunica.h"
+#include "data/config_banco.h"
+#include "data/despachante.h"
+#include "data/modules/modulos.h"
+#include "data/schema/esquema.h"
+#include "entry/sessao.h"
+#include "entry/telas_componente.h"
+#include "ztolvan/consultalista.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+// What ZProcessa hands back, with the host's variables.
+struct Chamada {
+    int16_t empresa = 1, opcao = 0, tpmov = 5, statusret = -7, zstatus = 9;
+    int32_t codigo = -1, numdoc = 100;
+    std::string operador = " TESTE ", senha = "x", origem = "V", mens = "lixo";
+    Valor dados = Valor::Lista{12, "1", -1, "SP", "MG", "RJ", "PR"};
+    std::optional<int16_t> tipo;
+
+    void Faz(consultalista& c) {
+        int16_t t = tipo.value_or(0);
+        bool inativos = false, captura = false;
+        c.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus, mens, &dados,
+                    tipo ? &t : nullptr, &inativos, &captura);
+    }
+};
+
+class ZProcessaTeste : public SobreOsDoisBancos {
+protected:
+    void SetUp() override {
+        SobreOsDoisBancos::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
+        std::string msg;
+        ASSERT_TRUE(CriaEsquema(msg)) << msg;
+        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
+        FechaConexao();
+        ConfigBanco::DefineFixa(ConfigBanco{db->Servidor(), db->Banco(), db->Usuario(), db->Senha()});
+        setenv("ZTOLVAN_LOG_DIR", db->Pasta().c_str(), 1);
+        componente = std::make_unique<consultalista>();
+        ASSERT_EQ(ComunicaAtual().Status, "00") << ComunicaAtual().Msg;
+    }
+    void TearDown() override {
+        componente.reset();
+        ConfigBanco::DefineFixa(std::nullopt);
+        DefineFabricaTelas(nullptr);
+        SobreOsDoisBancos::TearDown();
+    }
+    void Ajuste(const std::string& chave, const std::string& valor) {
+        db->Direto("INSERT INTO TBREGSRV (usuario, chave, valor) VALUES ('TESTE', '" + chave + "', '" + valor + "')");
+    }
+    const std::vector<MensagemMostrada>& Mostradas() { return db->mensagens->Mostradas(); }
+
+    std::unique_ptr<consultalista> componente;
+};
+
+TEST_P(ZProcessaTeste, OpcaoZeroPreencheOContextoESaiComStatus1SemMostrarNada) {
+    Chamada c;
+    c.Faz(*componente);
+    const Sessao& s = SessaoAtual();
+    EXPECT_EQ(c.statusret, 1);
+    EXPECT_EQ(c.zstatus, 0);
+    EXPECT_EQ(c.mens, "");
+    EXPECT_EQ(s.Operador, "TESTE");
+    EXPECT_EQ(s.Origem, "V");
+    EXPECT_TRUE(s.OrigemDocumento);
+    EXPECT_EQ(s.NumDoc, 100);
+    EXPECT_EQ(s.TpMov, 5);
+    EXPECT_EQ(s.NatOper, 12);
+    EXPECT_EQ(s.DadosVenda1, "1");
+    EXPECT_EQ(s.DadosVenda2, -1);
+    EXPECT_EQ(s.DadosVenda6, "PR");
+    EXPECT_EQ(s.TipoPreco, "1");
+    EXPECT_EQ(Apara(A_MTBPAR().UF), "SP") << "the company record is read";
+    EXPECT_TRUE(Mostradas().empty());
+}
+
+TEST_P(ZProcessaTeste, VersaoVemDoNumeroDoProjeto) {
+    EXPECT_EQ(SessaoAtual().Versao, "1.0.0001");
+    EXPECT_EQ(consultalista::Versao(), "1.0.0001");
+}
+
+TEST_P(ZProcessaTeste, TipoDePrecoDadoVenceAsConfiguracoes) {
+    Ajuste("Preco Agrupamento", "5");
+    Chamada c;
+    c.tipo = 3;
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().TipoPreco, "3");
+    c.tipo = -2;
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().TipoPreco, "5") << "a negative type is worked out from the settings";
+}
+
+TEST_P(ZProcessaTeste, CompraUsaTipoPrecoCompraQuandoDiferenteDeZero) {
+    Ajuste("Preco Agrupamento", "5");
+    Ajuste("TIPO PRECO COMPRA", "2");
+    Chamada c;
+    c.origem = "C";
+    c.dados = Valor::Lista{3, 4501};
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().TipoPreco, "2");
+    EXPECT_EQ(SessaoAtual().CodFor, 4501);
+}
+
+TEST_P(ZProcessaTeste, CompraSemTipoPrecoCompraUsaPrecoAgrupamento) {
+    Ajuste("Preco Agrupamento", "5");
+    Chamada c;
+    c.origem = "C";
+    c.dados = Valor::Lista{3, 4501};
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().TipoPrecoCompra, " ");
+    EXPECT_EQ(SessaoAtual().TipoPreco, "5");
+}
+
+TEST_P(ZProcessaTeste, SemTipoNemAgrupamentoUsaPrecoVenda) {
+    Ajuste("PRECO VENDA", "2");
+    Chamada c;
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().TipoPreco, "2");
+}
+
+TEST_P(ZProcessaTeste, OrigemMinusculaNaoEDocumentoMasCompraAindaValeNoTipo) {
+    Ajuste("TIPO PRECO COMPRA", "3");
+    Chamada c;
+    c.origem = "c";
+    c.dados = Valor(); // not read for a lower-case origin
+    c.Faz(*componente);
+    EXPECT_FALSE(SessaoAtual().OrigemDocumento);
+    EXPECT_EQ(SessaoAtual().TipoPreco, "3");
+    EXPECT_EQ(SessaoAtual().OrigemTrim, "c");
+    EXPECT_TRUE(Mostradas().empty());
+}
+
+TEST_P(ZProcessaTeste, EmpresaOrigemZeroEPadraoSimFicamNaPropriaEmpresa) {
+    Chamada c;
+    c.empresa = 2;
+    c.Faz(*componente);
+    const Sessao& s = SessaoAtual();
+    EXPECT_EQ(s.EmpresaOrigem, 2);
+    EXPECT_EQ(s.EmpresaConsulta, 2);
+    EXPECT_EQ(s.EmpresaPreco, 2);
+    EXPECT_EQ(Apara(A_MTBPAR().UF), "MG");
+}
+
+TEST_P(ZProcessaTeste, EmpresaOrigemECustoPrecoNao) {
+    Ajuste("Empresa Origem", "2");
+    Chamada c;
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().EmpresaOrigem, 2);
+    EXPECT_EQ(SessaoAtual().EmpresaConsulta, 2);
+    EXPECT_EQ(SessaoAtual().EmpresaPreco, 2);
+    Ajuste("CUSTOPRECO EMPRESA ORIGEM", " nao ");
+    c.Faz(*componente);
+    EXPECT_EQ(SessaoAtual().EmpresaPreco, 1);
+}
+
+TEST_P(ZProcessaTeste, EmpresaQueNaoExisteNaoEAvisadaEZeraOsPercentuais) {
+    Chamada c;
+    c.Faz(*componente);
+    ASSERT_NE(A_MTBPAR().PerPis, 0.0) << "the demo company has PIS";
+    c.empresa = 99;
+    c.Faz(*componente);
+    EXPECT_EQ(A_MTBPAR().PerPis, 0.0);
+    EXPECT_EQ(A_MTBPAR().PerCusFixo, 0.0);
+    EXPECT_TRUE(Mostradas().empty());
+    EXPECT_EQ(c.statusret, 1);
+}
+
+TEST_P(ZProcessaTeste, OrigemFDevolveDadosRetornoMesmoSemTela) {
+    Chamada c;
+    c.origem = "F";
+    c.dados = Valor("lixo do host");
+    c.Faz(*componente);
+    EXPECT_TRUE(c.dados.vazio()) << "nothing yet on this thread";
+    EXPECT_FALSE(SessaoAtual().OrigemDocumento);
+    SessaoAtual().DadosRetorno = std::string("A|1|2,50»");
+    c.Faz(*componente);
+    EXPECT_EQ(c.dados, Valor("A|1|2,50»"));
+}
+
+TEST_P(ZProcessaTeste, DadosVendasMalFormadoAvisaNoEstiloDoSistemaELimpaOContexto) {
+    Chamada boa;
+    boa.Faz(*componente);
+    ASSERT_EQ(SessaoAtual().NatOper, 12);
+    for (Valor ruim : {Valor(), Valor("texto"), Valor(Valor::Lista{1, "1", 0}), Valor(Valor::Lista{"x"}),
+                       Valor(Valor::Lista{70000, "1", 0, "", "", "", ""})}) {
+        db->mensagens->Limpa();
+        Chamada c;
+        c.dados = ruim;
+        c.Faz(*componente);
+        EXPECT_EQ(c.statusret, 1);
+        EXPECT_EQ(c.zstatus, 0);
+        EXPECT_EQ(c.mens, "");
+        ASSERT_EQ(Mostradas().size(), 1u);
+        EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - ZProcessa");
+        EXPECT_EQ(Mostradas()[0].Titulo, "Aviso");
+        EXPECT_EQ(Mostradas()[0].Tipo, 16);
+        EXPECT_EQ(SessaoAtual().NatOper, 0) << "no half-filled host context survives";
+        EXPECT_EQ(SessaoAtual().DadosVenda3, "");
+    }
+}
+
+class TelasDeTeste : public TelasComponente {
+public:
+    void MostraConsulta() override {
+        SessaoAtual().DadosRetorno = std::string("123");
+        SessaoAtual().StatusRet = 0;
+        ++consultas;
+    }
+    void MostraPrecos() override { SessaoAtual().DadosRetorno = std::string("PRECOS"); }
+    static inline int consultas = 0;
+};
+
+TEST_P(ZProcessaTeste, OpcaoUmDaOrigemPDevolveOCodigoEscolhido) {
+    TelasDeTeste::consultas = 0;
+    DefineFabricaTelas([] { return std::make_unique<TelasDeTeste>(); });
+    Chamada c;
+    c.origem = "P";
+    c.opcao = 1;
+    c.Faz(*componente);
+    EXPECT_EQ(c.codigo, 123);
+    EXPECT_EQ(c.statusret, 0);
+    c.origem = "F";
+    c.Faz(*componente);
+    EXPECT_EQ(c.dados, Valor("PRECOS"));
+    EXPECT_EQ(TelasDeTeste::consultas, 1);
+}
+
+TEST_P(ZProcessaTeste, SemTelasInstaladasAvisaQueATelaNaoEstaDisponivel) {
+    Chamada c;
+    c.opcao = 1;
+    c.Faz(*componente);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_NE(Mostradas()[0].Texto.find("TolvanF01"), std::string::npos);
+    EXPECT_EQ(c.statusret, 1);
+}
+
+TEST_P(ZProcessaTeste, DuasThreadsComEmpresasDiferentesVeemCadaUmaASuaSessao) {
+    std::string uf[2];
+    int16_t empresa[2] = {0, 0};
+    std::string status[2];
+    auto trabalho = [&](int i) {
+        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
+        consultalista proprio;
+        status[i] = ComunicaAtual().Status;
+        for (int volta = 0; volta < 20; ++volta) {
+            Chamada c;
+            c.empresa = static_cast<int16_t>(i + 1);
+            c.Faz(proprio);
+        }
+        empresa[i] = SessaoAtual().Empresa;
+        uf[i] = Apara(A_MTBPAR().UF);
+    };
+    std::thread a(trabalho, 0), b(trabalho, 1);
+    a.join();
+    b.join();
+    EXPECT_EQ(status[0], "00");
+    EXPECT_EQ(status[1], "00");
+    EXPECT_EQ(empresa[0], 1);
+    EXPECT_EQ(empresa[1], 2);
+    EXPECT_EQ(uf[0], "SP");
+    EXPECT_EQ(uf[1], "MG");
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(ZProcessaTeste);
+
+} // namespace

@@ -1,0 +1,136 @@
+// What a host sees from outside: the library loaded by name and the command
+// line. Nothing of the core is linked in here.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <dlfcn.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+#include "ztolvan/ztolvan.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Saida {
+    int codigo = -1;
+    std::string texto;
+};
+
+Saida Roda(const std::string& args) {
+    Saida s;
+    std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + " 2>&1";
+    FILE* p = popen(cmd.c_str(), "r");
+    std::array<char, 4096> buf{};
+    while (p && fgets(buf.data(), buf.size(), p)) s.texto += buf.data();
+    int st = p ? pclose(p) : -1;
+    s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+    return s;
+}
+
+class Host : public ::testing::Test {
+protected:
+    void SetUp() override {
+        pasta = fs::temp_directory_path() / ("ztolvan-host-" + std::to_string(getpid()) + "-" +
+                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::create_directories(pasta);
+        banco = (pasta / "demo.db").string();
+        setenv("ZTOLVAN_LOG_DIR", pasta.c_str(), 1);
+        Saida i = Roda("init --db " + banco);
+        ASSERT_EQ(i.codigo, 0) << i.texto;
+        Saida s = Roda("seed --db " + banco);
+        ASSERT_EQ(s.codigo, 0) << s.texto;
+    }
+    void TearDown() override { fs::remove_all(pasta); }
+    fs::path pasta;
+    std::string banco;
+};
+
+TEST_F(Host, ProcessaNoBancoDeDemonstracaoDevolveStatusDeUmaChamadaSemTela) {
+    Saida s = Roda("processa --db " + banco + " --empresa 1 --operador DEMO --opcao 0 --origem V "
+                                             "--dados-vendas 5,0,0,SP,SP,SP,SP --mostrar-sessao");
+    ASSERT_EQ(s.codigo, 0) << s.texto;
+    EXPECT_NE(s.texto.find("Zstatusret: 1\n"), std::string::npos) << s.texto;
+    EXPECT_NE(s.texto.find("zstatus: 0\n"), std::string::npos);
+    EXPECT_NE(s.texto.find("zstatusmens: \n"), std::string::npos);
+    EXPECT_NE(s.texto.find("  TipoPreco: 1\n"), std::string::npos) << s.texto;
+    EXPECT_NE(s.texto.find("  NatOper: 5\n"), std::string::npos);
+}
+
+TEST_F(Host, ProcessaEmJsonComTipoDePrecoDado) {
+    Saida s = Roda("processa --db " + banco + " --origem F --tipo-preco 3 --json --mostrar-sessao");
+    ASSERT_EQ(s.codigo, 0) << s.texto;
+    EXPECT_NE(s.texto.find("\"Zstatusret\": 1"), std::string::npos) << s.texto;
+    EXPECT_NE(s.texto.find("\"ZDadosVendas\": null"), std::string::npos) << s.texto;
+    EXPECT_NE(s.texto.find("\"TipoPreco\": \"3\""), std::string::npos) << s.texto;
+}
+
+TEST_F(Host, ErrosDaLinhaDeComandoTemCodigosDeSaida) {
+    EXPECT_EQ(Roda("processa --db " + (pasta / "nao-existe.db").string()).codigo, 2);
+    EXPECT_NE(Roda("processa --opcao abc").codigo, 0);
+    EXPECT_NE(Roda("").codigo, 0) << "a subcommand is required";
+    EXPECT_EQ(Roda("--help").codigo, 0);
+}
+
+class Biblioteca : public Host {
+protected:
+    void SetUp() override {
+        Host::SetUp();
+        if (HasFatalFailure()) return;
+        const std::string ini = (pasta / "conexao.ini").string();
+        std::ofstream(ini) << "Servidor=ACCESS\nBanco=" << banco << "\n";
+        setenv("ZTOLVAN_CONFIG", ini.c_str(), 1);
+        lib = dlopen(LIBZTOLVAN, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(lib, nullptr) << dlerror();
+        cria = reinterpret_cast<decltype(cria)>(dlsym(lib, "zt_cria"));
+        destroi = reinterpret_cast<decltype(destroi)>(dlsym(lib, "zt_destroi"));
+        processa = reinterpret_cast<decltype(processa)>(dlsym(lib, "zt_processa"));
+        versao = reinterpret_cast<decltype(versao)>(dlsym(lib, "zt_versao"));
+        ASSERT_TRUE(cria && destroi && processa && versao);
+    }
+    void TearDown() override {
+        if (lib) dlclose(lib);
+        Host::TearDown();
+    }
+    void* lib = nullptr;
+    decltype(&zt_cria) cria = nullptr;
+    decltype(&zt_destroi) destroi = nullptr;
+    decltype(&zt_processa) processa = nullptr;
+    decltype(&zt_versao) versao = nullptr;
+};
+
+TEST_F(Biblioteca, CarregadaPeloNomeProcessaComOMesmoContrato) {
+    EXPECT_STREQ(versao(), "1.0.0001");
+    zt_consultalista* c = cria();
+    ASSERT_NE(c, nullptr);
+    int16_t empresa = 1, opcao = 0, tpmov = 0, statusret = -1, zstatus = 7;
+    int32_t codigo = 0, numdoc = 1;
+    char mens[64] = "lixo";
+    zt_valor dados[7] = {{ZT_INTEIRO, 5, 0, nullptr}, {ZT_TEXTO, 0, 0, "0"},  {ZT_INTEIRO, 0, 0, nullptr},
+                         {ZT_TEXTO, 0, 0, "SP"},      {ZT_TEXTO, 0, 0, "SP"}, {ZT_TEXTO, 0, 0, "SP"},
+                         {ZT_TEXTO, 0, 0, "SP"}};
+    char saida[64] = "lixo";
+    size_t tam = 99;
+    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus, mens,
+                       sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+              0);
+    EXPECT_EQ(statusret, 1);
+    EXPECT_EQ(zstatus, 0);
+    EXPECT_STREQ(mens, "");
+    EXPECT_EQ(tam, 0u);
+    // Origin F hands its data back even when no array came in.
+    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "F", &numdoc, &tpmov, &statusret, &zstatus, mens,
+                       sizeof mens, nullptr, 0, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+              0);
+    EXPECT_STREQ(saida, "");
+    EXPECT_EQ(processa(c, nullptr, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus, mens,
+                       sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+              -1);
+    destroi(c);
+}
+
+} // namespace
