@@ -4,10 +4,12 @@
 #include "common/erro.h"
 #include "common/formato.h"
 #include "common/mensagens.h"
+#include "common/portas.h"
 #include "common/texto.h"
 #include "data/banco_dados.h"
 #include "data/despachante.h"
 #include "data/modules/modulos.h"
+#include "data/seguranca/seguranca_banco.h"
 #include "entry/empresa.h"
 #include "entry/sessao.h"
 #include "entry/settings/configuracao.h"
@@ -90,6 +92,9 @@ consultalista::consultalista() {
         int16_t silencioso = 0;
         AbreConexao(servidor, banco, usuario, senha, silencioso);
         ZeraCursoresModulos();
+        // The rights table is the security component unless the host brought its own.
+        if (!PortasAtuais().seguranca)
+            PortasAtuais().seguranca = FabricaSegurancaBanco(std::make_shared<AutorizacaoSemDialogo>());
         {
             clsBancoDados bd;
             bd.fcAbreBancoDadosVeltra(1);

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "common/portas.h"
+#include "common/seguranca.h"
 #include "common/texto.h"
 #include "data/banco_param.h"
 #include "data/comunica.h"
@@ -273,5 +274,23 @@ TEST_P(ZProcessaTeste, DuasThreadsComEmpresasDiferentesVeemCadaUmaASuaSessao) {
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(ZProcessaTeste);
+
+} // namespace
+
+namespace {
+
+class SegurancaPadrao : public ZProcessaTeste {};
+
+TEST_P(SegurancaPadrao, ATabelaDeDireitosDecideQuandoOHostNaoTrouxeComponente) {
+    std::string operador = "SUPERVISOR", autorizador;
+    int16_t resultado = -1;
+    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "", int16_t{1}, false, "", "");
+    EXPECT_EQ(resultado, seguranca::Autorizado);
+    operador = "DEMO";
+    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "", int16_t{1}, false, "", "");
+    EXPECT_EQ(resultado, seguranca::Recusado) << "no dialog in a program without screens: nobody authorises";
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(SegurancaPadrao);
 
 } // namespace

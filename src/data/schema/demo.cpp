@@ -11,6 +11,7 @@
 #include "data/modules/modulo.h"
 #include "data/modules/registros.h"
 #include "data/schema/esquema.h"
+#include "data/seguranca/senha.h"
 #include "data/schema/executa_texto.h"
 
 namespace ztolvan {
@@ -666,6 +667,16 @@ void Configuracoes(Gravador& g) {
         g.Grava(ins, {"DEMO", chave, valor, hoje, "080000", "DEMO"});
 }
 
+// The supervisor may release items without stock (password "1234"); the
+// demo operator may not, so generation asks for an authorisation.
+void Seguranca(Gravador& g) {
+    g.Grava("INSERT INTO TBSEGOPERADOR (OPERADOR, SENHAHASH) VALUES (?, ?)", {"SUPERVISOR", GeraHashSenha("1234")});
+    g.Grava("INSERT INTO TBSEGDIREITO (OPERADOR, PROGRAMA, FUNCAO, PERMITE) VALUES (?, ?, ?, ?)",
+            {"SUPERVISOR", "PJVELPEV", "DISPON", 1});
+    g.Grava("INSERT INTO TBSEGDIREITO (OPERADOR, PROGRAMA, FUNCAO, PERMITE) VALUES (?, ?, ?, ?)",
+            {"DEMO", "PJVELPEV", "DISPON", 0});
+}
+
 } // namespace
 
 bool SemeiaDemo(std::string& msg) {
@@ -682,6 +693,7 @@ bool SemeiaDemo(std::string& msg) {
     Empresas(g);
     TiposDePreco(g);
     Configuracoes(g);
+    Seguranca(g);
     const std::pair<int16_t, const char*> empresas[] = {{1, "SP"}, {2, "MG"}};
     for (auto [empresa, uf] : empresas) {
         Impostos(g, empresa, uf);

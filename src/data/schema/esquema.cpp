@@ -1,5 +1,7 @@
 #include "data/schema/esquema.h"
 
+#include "data/seguranca/seguranca_banco.h"
+
 #include "data/comunica.h"
 #include "data/despachante.h"
 #include "data/modules/registros.h"
@@ -126,6 +128,7 @@ std::vector<std::string> Monta(Dialeto d) {
     for (const char* i : Indices) v.push_back(i);
     if (d == Dialeto::Postgres)
         for (auto& f : FuncoesPostgres()) v.push_back(std::move(f));
+    for (auto& s : DdlSeguranca(d == Dialeto::Postgres)) v.push_back(std::move(s));
     return v;
 }
 

@@ -16,6 +16,16 @@ public:
                                  std::string& Senha) = 0;
 };
 
+// Where no dialog can be shown: nobody authorises, so only operators who
+// hold the right pass.
+class AutorizacaoSemDialogo : public PortaAutorizacao {
+public:
+    bool PedeAutorizacao(const std::string&, const std::string&, const std::string&, const std::string&,
+                         std::string&, std::string&) override {
+        return false;
+    }
+};
+
 struct AutorizacaoPedida {
     std::string Programa, Funcao, Operador, Texto;
 };
