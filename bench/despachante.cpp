@@ -1,17 +1,15 @@
 // The per-item pattern of generation (five keyed reads, one insert, one
 // COMMIT) through the dispatcher, against the same statements run straight
 // through sqlite3 and libpq.
-#include <filesystem>
+#include <algorithm>
 #include <libpq-fe.h>
 #include <sqlite3.h>
 #include <stdexcept>
-#include <unistd.h>
 
-#include "common/contexto.h"
-#include "common/portas.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
-#include "data/sqlite/conector_sqlite.h"
+#include "banco_bench.h"
+#include "data/postgres/conector_postgres.h"
 #include "medida.h"
 
 using namespace ztolvan;
@@ -86,23 +84,6 @@ void Componente(int base) {
     }
 }
 
-bool Abre(const std::string& servidor, const std::string& banco, const std::string& usuario,
-          const std::string& senha) {
-    std::string s = servidor, b = banco, u = usuario, p = senha;
-    int16_t q = 1;
-    AbreConexao(s, b, u, p, q);
-    return ComunicaAtual().Status == "00";
-}
-
-void Roda(sqlite3* db, const char* sql) {
-    char* e = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &e) != SQLITE_OK) {
-        std::string m = e ? e : "";
-        sqlite3_free(e);
-        throw std::runtime_error(m);
-    }
-}
-
 void PisoSqlite(sqlite3* db, int base) {
     sqlite3_stmt* st[6];
     for (int i = 0; i < 5; ++i) sqlite3_prepare_v3(db, Leituras[i], -1, SQLITE_PREPARE_PERSISTENT, &st[i], nullptr);
@@ -117,7 +98,7 @@ void PisoSqlite(sqlite3* db, int base) {
                 for (int j = 0; j < sqlite3_column_count(st[i]); ++j) soma = soma + sqlite3_column_bytes(st[i], j);
             sqlite3_reset(st[i]);
         }
-        Roda(db, "BEGIN IMMEDIATE");
+        ExecSqlite(db, "BEGIN IMMEDIATE");
         sqlite3_bind_int(st[5], 1, 1);
         sqlite3_bind_int(st[5], 2, 2);
         sqlite3_bind_int(st[5], 3, base + n);
@@ -127,44 +108,27 @@ void PisoSqlite(sqlite3* db, int base) {
         sqlite3_bind_text(st[5], 7, "ITEM", -1, SQLITE_STATIC);
         if (sqlite3_step(st[5]) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db));
         sqlite3_reset(st[5]);
-        Roda(db, "COMMIT");
+        ExecSqlite(db, "COMMIT");
     }
     for (auto* s : st) sqlite3_finalize(s);
 }
 
 void CasoSqlite() {
-    auto pasta = std::filesystem::temp_directory_path() / ("ztolvan-bench-" + std::to_string(getpid()));
-    std::filesystem::create_directories(pasta);
-    const std::string arquivo = (pasta / "bench.db").string();
-    std::string msg;
-    if (!ConectorSqlite::CriaArquivo(arquivo, msg)) throw std::runtime_error(msg);
-    sqlite3* db = nullptr;
-    sqlite3_open(arquivo.c_str(), &db);
-    Roda(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;");
-    Roda(db, Ddl(false).c_str());
-    Roda(db, Carga().c_str());
-    if (!Abre("ACCESS", arquivo, "", "")) throw std::runtime_error(ComunicaAtual().Msg);
+    SqliteBench banco;
+    ExecSqlite(banco.db, Ddl(false));
+    ExecSqlite(banco.db, Carga());
+    if (!AbreComponente("ACCESS", banco.Arquivo())) throw std::runtime_error(ComunicaAtual().Msg);
     int base = 0;
     double comp = 0, piso = 0;
     // Alternate the two so that neither gets the quieter moment of the disk.
     for (int r = 0; r < 3; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(base); }));
         base += Itens;
-        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoSqlite(db, base); }));
+        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoSqlite(banco.db, base); }));
         base += Itens;
     }
     FechaConexao();
-    sqlite3_close(db);
-    std::filesystem::remove_all(pasta);
     Imprime("dispatcher-sqlite", comp, piso);
-}
-
-void Pq(PGconn* c, const char* sql) {
-    PGresult* r = PQexec(c, sql);
-    auto st = PQresultStatus(r);
-    std::string m = PQresultErrorMessage(r);
-    PQclear(r);
-    if (st != PGRES_COMMAND_OK && st != PGRES_TUPLES_OK) throw std::runtime_error(m);
 }
 
 void PisoPostgres(PGconn* c, int base) {
@@ -172,8 +136,7 @@ void PisoPostgres(PGconn* c, int base) {
     if (!preparado) {
         for (int i = 0; i < 5; ++i) {
             int n = 0;
-            std::string t = Leituras[i];
-            for (size_t p; (p = t.find('?')) != std::string::npos;) t.replace(p, 1, "$" + std::to_string(++n));
+            const std::string t = ConectorPostgres::Numera(Leituras[i], n);
             PQclear(PQprepare(c, ("l" + std::to_string(i)).c_str(), t.c_str(), 0, nullptr));
         }
         PQclear(PQprepare(c, "ins", "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES "
@@ -189,57 +152,37 @@ void PisoPostgres(PGconn* c, int base) {
             for (int j = 0; j < PQnfields(r); ++j) soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
             PQclear(r);
         }
-        Pq(c, "BEGIN");
+        ExecPg(c, "BEGIN");
         const std::string item = std::to_string(base + n), valor = std::to_string((n % Produtos) * 2.5);
         const char* v[7] = {"1", "2", item.c_str(), k.c_str(), "2", valor.c_str(), "ITEM"};
         PGresult* r = PQexecPrepared(c, "ins", 7, v, nullptr, nullptr, 0);
         if (PQresultStatus(r) != PGRES_COMMAND_OK) throw std::runtime_error(PQresultErrorMessage(r));
         PQclear(r);
-        Pq(c, "COMMIT");
+        ExecPg(c, "COMMIT");
     }
 }
 
 void CasoPostgres() {
-    Pg pg;
-    if (!pg.Definido()) {
+    PgBench banco("zt_bench_");
+    if (!banco.Pronto()) {
         std::printf("dispatcher-postgres: skipped (ZTOLVAN_PG_SERVIDOR not set)\n");
         return;
     }
-    const std::string esquema = "zt_bench_" + std::to_string(getpid());
-    setenv("PGOPTIONS", ("-c search_path=" + esquema).c_str(), 1);
-    PGconn* c = PQconnectdb(pg.ConnInfo().c_str());
-    if (PQstatus(c) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(c));
-    PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
-    Pq(c, ("CREATE SCHEMA " + esquema).c_str());
-    Pq(c, Ddl(true).c_str());
-    Pq(c, Carga().c_str());
-    if (!Abre(pg.servidor, pg.banco, pg.usuario, pg.senha)) throw std::runtime_error(ComunicaAtual().Msg);
+    ExecPg(banco.c, Ddl(true));
+    ExecPg(banco.c, Carga());
+    if (!banco.AbreComponente()) throw std::runtime_error(ComunicaAtual().Msg);
     int base = 0;
     double comp = 0, piso = 0;
     for (int r = 0; r < 3; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(base); }));
         base += Itens;
-        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoPostgres(c, base); }));
+        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoPostgres(banco.c, base); }));
         base += Itens;
     }
     FechaConexao();
-    Pq(c, ("DROP SCHEMA " + esquema + " CASCADE").c_str());
-    PQfinish(c);
     Imprime("dispatcher-postgres", comp, piso);
 }
 
 } // namespace
 
-int main() {
-    try {
-        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
-        CasoSqlite();
-        Contexto::Renova();
-        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
-        CasoPostgres();
-        return 0;
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "bench: %s\n", e.what());
-        return 1;
-    }
-}
+int main() { return Principal(CasoSqlite, CasoPostgres); }

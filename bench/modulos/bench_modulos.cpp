@@ -3,20 +3,17 @@
 // insert and a COMMIT) on the demo data, against the same statements run
 // straight through sqlite3 and libpq in a tight loop.
 #include <algorithm>
-#include <filesystem>
 #include <libpq-fe.h>
 #include <sqlite3.h>
 #include <stdexcept>
-#include <unistd.h>
 
-#include "common/contexto.h"
-#include "common/portas.h"
 #include "common/texto.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
 #include "data/modules/modulos.h"
 #include "data/schema/esquema.h"
-#include "data/sqlite/conector_sqlite.h"
+#include "banco_bench.h"
+#include "data/postgres/conector_postgres.h"
 #include "medida.h"
 
 using namespace ztolvan;
@@ -144,25 +141,8 @@ std::vector<Valor::Lista> ValoresDeInsercao(const std::vector<std::string>& equi
     return r;
 }
 
-bool Abre(const std::string& servidor, const std::string& banco, const std::string& usuario,
-          const std::string& senha) {
-    std::string s = servidor, b = banco, u = usuario, p = senha;
-    int16_t q = 1;
-    AbreConexao(s, b, u, p, q);
-    return ComunicaAtual().Status == "00";
-}
-
 void Prepara(std::string& msg) {
     if (!CriaEsquema(msg) || !SemeiaDemo(msg)) throw std::runtime_error(msg);
-}
-
-void Roda(sqlite3* db, const char* sql) {
-    char* e = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &e) != SQLITE_OK) {
-        std::string m = e ? e : "";
-        sqlite3_free(e);
-        throw std::runtime_error(m);
-    }
 }
 
 void Liga(sqlite3_stmt* st, int i, const Valor& v) {
@@ -201,59 +181,42 @@ void PisoSqlite(sqlite3* db, const Comandos& cmd, const std::vector<std::string>
             le(st[i]);
             sqlite3_reset(st[i]);
         }
-        Roda(db, "BEGIN IMMEDIATE");
+        ExecSqlite(db, "BEGIN IMMEDIATE");
         const Valor::Lista& v = valores[k];
         for (size_t i = 0; i < v.size(); ++i) Liga(st[4], static_cast<int>(i + 1), v[i]);
         sqlite3_bind_int(st[4], 2, numped);
         sqlite3_bind_int(st[4], 3, base + n);
         if (sqlite3_step(st[4]) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db));
         sqlite3_reset(st[4]);
-        Roda(db, "COMMIT");
+        ExecSqlite(db, "COMMIT");
     }
     for (auto* s : st) sqlite3_finalize(s);
 }
 
 void CasoSqlite() {
-    auto pasta = std::filesystem::temp_directory_path() / ("ztolvan-bench-modulos-" + std::to_string(getpid()));
-    std::filesystem::create_directories(pasta);
-    const std::string arquivo = (pasta / "bench.db").string();
+    SqliteBench banco;
+    if (!AbreComponente("ACCESS", banco.Arquivo())) throw std::runtime_error(ComunicaAtual().Msg);
     std::string msg;
-    if (!ConectorSqlite::CriaArquivo(arquivo, msg)) throw std::runtime_error(msg);
-    if (!Abre("ACCESS", arquivo, "", "")) throw std::runtime_error(ComunicaAtual().Msg);
     Prepara(msg);
     const Comandos cmd;
     const auto equivs = Equivalencias();
     const auto valores = ValoresDeInsercao(equivs);
-    sqlite3* db = nullptr;
-    sqlite3_open(arquivo.c_str(), &db);
-    sqlite3_busy_timeout(db, 10000);
-    Roda(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;");
     int base = 1;
     double comp = 0, piso = 0;
     // Alternate the two so that neither gets the quieter moment of the disk.
     for (int r = 0; r < Rodadas; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(equivs, 1000, base); }));
-        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoSqlite(db, cmd, equivs, valores, 2000, base); }));
+        piso = std::max(piso,
+                        ItensPorSegundo(Itens, 1, [&] { PisoSqlite(banco.db, cmd, equivs, valores, 2000, base); }));
         base += Itens;
     }
     FechaConexao();
-    sqlite3_close(db);
-    std::filesystem::remove_all(pasta);
     Imprime("modulos-sqlite", comp, piso);
 }
 
-void Pq(PGconn* c, const char* sql) {
-    PGresult* r = PQexec(c, sql);
-    auto st = PQresultStatus(r);
-    std::string m = PQresultErrorMessage(r);
-    PQclear(r);
-    if (st != PGRES_COMMAND_OK && st != PGRES_TUPLES_OK) throw std::runtime_error(m);
-}
-
-std::string Numerado(std::string t) {
+std::string Numerado(const std::string& t) {
     int n = 0;
-    for (size_t p; (p = t.find('?')) != std::string::npos;) t.replace(p, 1, "$" + std::to_string(++n));
-    return t;
+    return ConectorPostgres::Numera(t, n);
 }
 
 std::string ComoTexto(const Valor& v) {
@@ -300,7 +263,7 @@ void PisoPostgres(PGconn* c, const Comandos& cmd, const std::vector<std::string>
         PQclear(le("m2", 2, p2));
         const char* p3[2] = {"1", "10"};
         PQclear(le("m3", 2, p3));
-        Pq(c, "BEGIN");
+        ExecPg(c, "BEGIN");
         const std::string item = std::to_string(base + n);
         std::vector<const char*> v;
         for (const auto& t : textos[k]) v.push_back(t.c_str());
@@ -309,23 +272,17 @@ void PisoPostgres(PGconn* c, const Comandos& cmd, const std::vector<std::string>
         PGresult* r = PQexecPrepared(c, "mins", static_cast<int>(v.size()), v.data(), nullptr, nullptr, 0);
         if (PQresultStatus(r) != PGRES_COMMAND_OK) throw std::runtime_error(PQresultErrorMessage(r));
         PQclear(r);
-        Pq(c, "COMMIT");
+        ExecPg(c, "COMMIT");
     }
 }
 
 void CasoPostgres() {
-    Pg pg;
-    if (!pg.Definido()) {
+    PgBench banco("zt_bench_mod_");
+    if (!banco.Pronto()) {
         std::printf("modulos-postgres: skipped (ZTOLVAN_PG_SERVIDOR not set)\n");
         return;
     }
-    const std::string esquema = "zt_bench_mod_" + std::to_string(getpid());
-    setenv("PGOPTIONS", ("-c search_path=" + esquema).c_str(), 1);
-    PGconn* c = PQconnectdb(pg.ConnInfo().c_str());
-    if (PQstatus(c) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(c));
-    PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
-    Pq(c, ("CREATE SCHEMA " + esquema).c_str());
-    if (!Abre(pg.servidor, pg.banco, pg.usuario, pg.senha)) throw std::runtime_error(ComunicaAtual().Msg);
+    if (!banco.AbreComponente()) throw std::runtime_error(ComunicaAtual().Msg);
     std::string msg;
     Prepara(msg);
     const Comandos cmd;
@@ -335,27 +292,14 @@ void CasoPostgres() {
     double comp = 0, piso = 0;
     for (int r = 0; r < Rodadas; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(equivs, 1000, base); }));
-        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] { PisoPostgres(c, cmd, equivs, valores, 2000, base); }));
+        piso = std::max(piso,
+                        ItensPorSegundo(Itens, 1, [&] { PisoPostgres(banco.c, cmd, equivs, valores, 2000, base); }));
         base += Itens;
     }
     FechaConexao();
-    Pq(c, ("DROP SCHEMA " + esquema + " CASCADE").c_str());
-    PQfinish(c);
     Imprime("modulos-postgres", comp, piso);
 }
 
 } // namespace
 
-int main() {
-    try {
-        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
-        CasoSqlite();
-        Contexto::Renova();
-        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
-        CasoPostgres();
-        return 0;
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "bench: %s\n", e.what());
-        return 1;
-    }
-}
+int main() { return Principal(CasoSqlite, CasoPostgres); }

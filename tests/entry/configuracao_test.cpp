@@ -4,9 +4,7 @@
 #include <fstream>
 
 #include "common/portas.h"
-#include "data/banco_param.h"
-#include "data/comunica.h"
-#include "data/schema/esquema.h"
+#include "data/modules/modulos_teste.h"
 #include "entry/sessao.h"
 #include "entry/settings/configuracao.h"
 
@@ -15,15 +13,11 @@ using namespace ztolvan::teste;
 
 namespace {
 
-class Configuracao : public SobreOsDoisBancos {
+class Configuracao : public ComEsquema {
 protected:
     void SetUp() override {
-        SobreOsDoisBancos::SetUp();
+        ComEsquema::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        gravador = GravaChamadas(db->kind());
-        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
-        std::string msg;
-        ASSERT_TRUE(CriaEsquema(msg)) << msg;
         armazem = std::make_shared<ArmazemMemoria>();
         PortasAtuais().armazem = armazem;
         setenv("ZTOLVAN_LOG_DIR", db->Pasta().c_str(), 1);
@@ -48,7 +42,6 @@ protected:
         return tudo;
     }
 
-    ConectorGravador* gravador = nullptr;
     std::shared_ptr<ArmazemMemoria> armazem;
 };
 
