@@ -91,43 +91,33 @@ TEST_P(ZProcessaTeste, VersaoVemDoNumeroDoProjeto) {
     EXPECT_EQ(consultalista::Versao(), "1.0.0001");
 }
 
-TEST_P(ZProcessaTeste, TipoDePrecoDadoVenceAsConfiguracoes) {
-    Ajuste("Preco Agrupamento", "5");
-    Chamada c;
-    c.tipo = 3;
-    c.Faz(*componente);
-    EXPECT_EQ(SessaoAtual().TipoPreco, "3");
-    c.tipo = -2;
-    c.Faz(*componente);
-    EXPECT_EQ(SessaoAtual().TipoPreco, "5") << "a negative type is worked out from the settings";
-}
-
-TEST_P(ZProcessaTeste, CompraUsaTipoPrecoCompraQuandoDiferenteDeZero) {
-    Ajuste("Preco Agrupamento", "5");
-    Ajuste("TIPO PRECO COMPRA", "2");
-    Chamada c;
-    c.origem = "C";
-    c.dados = Valor::Lista{3, 4501};
-    c.Faz(*componente);
-    EXPECT_EQ(SessaoAtual().TipoPreco, "2");
-    EXPECT_EQ(SessaoAtual().CodFor, 4501);
-}
-
-TEST_P(ZProcessaTeste, CompraSemTipoPrecoCompraUsaPrecoAgrupamento) {
-    Ajuste("Preco Agrupamento", "5");
-    Chamada c;
-    c.origem = "C";
-    c.dados = Valor::Lista{3, 4501};
-    c.Faz(*componente);
-    EXPECT_EQ(SessaoAtual().TipoPrecoCompra, " ");
-    EXPECT_EQ(SessaoAtual().TipoPreco, "5");
-}
-
-TEST_P(ZProcessaTeste, SemTipoNemAgrupamentoUsaPrecoVenda) {
-    Ajuste("PRECO VENDA", "2");
-    Chamada c;
-    c.Faz(*componente);
-    EXPECT_EQ(SessaoAtual().TipoPreco, "2");
+TEST_P(ZProcessaTeste, TipoDePrecoPelasRegras) {
+    struct Caso {
+        const char* nome;
+        std::optional<int16_t> tipoDado;
+        const char* origem;
+        std::vector<std::pair<std::string, std::string>> ajustes;
+        const char* esperado;
+    } casos[] = {
+        {"the given type wins", 3, "V", {{"Preco Agrupamento", "5"}}, "3"},
+        {"a negative type is worked out", -2, "V", {{"Preco Agrupamento", "5"}}, "5"},
+        {"purchase type for origin C", {}, "C", {{"Preco Agrupamento", "5"}, {"TIPO PRECO COMPRA", "2"}}, "2"},
+        {"blank purchase type falls to the groupings'", {}, "C", {{"Preco Agrupamento", "5"}}, "5"},
+        {"nothing set: PRECO VENDA", {}, "V", {{"PRECO VENDA", "2"}}, "2"},
+        {"nothing at all: PRECO VENDA's default", {}, "V", {}, "1"},
+    };
+    for (const Caso& k : casos) {
+        SCOPED_TRACE(k.nome);
+        db->Direto("DELETE FROM TBREGSRV WHERE usuario = 'TESTE'");
+        for (auto& [chave, valor] : k.ajustes) Ajuste(chave, valor);
+        Chamada c;
+        c.tipo = k.tipoDado;
+        c.origem = k.origem;
+        if (c.origem == "C") c.dados = Valor::Lista{3, 4501};
+        c.Faz(*componente);
+        EXPECT_EQ(SessaoAtual().TipoPreco, k.esperado);
+    }
+    EXPECT_EQ(SessaoAtual().CodFor, 4501) << "origin C reads the supplier";
 }
 
 TEST_P(ZProcessaTeste, OrigemMinusculaNaoEDocumentoMasCompraAindaValeNoTipo) {
