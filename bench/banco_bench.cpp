@@ -60,7 +60,8 @@ PgBench::PgBench(const std::string& prefixo) {
     setenv("PGOPTIONS", ("-c search_path=" + esquema_).c_str(), 1);
     c = PQconnectdb(pg.ConnInfo().c_str());
     if (PQstatus(c) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(c));
-    PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
+    PQsetNoticeProcessor(
+        c, [](void*, const char*) {}, nullptr);
     ExecPg(c, "CREATE SCHEMA " + esquema_);
 }
 

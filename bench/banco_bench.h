@@ -17,13 +17,13 @@ void ExecPg(PGconn* c, const std::string& sql);
 
 // A new SQLite file in a temporary folder with the connector's pragmas.
 class SqliteBench {
-public:
+  public:
     SqliteBench();
     ~SqliteBench();
     const std::string& Arquivo() const { return arquivo_; }
     sqlite3* db = nullptr;
 
-private:
+  private:
     std::filesystem::path pasta_;
     std::string arquivo_;
 };
@@ -31,14 +31,14 @@ private:
 // A private schema in the PostgreSQL of ZTOLVAN_PG_*, which every connection
 // of the process (the component's too) works in; Pronto() false when unset.
 class PgBench {
-public:
+  public:
     explicit PgBench(const std::string& prefixo);
     ~PgBench();
     bool Pronto() const { return c != nullptr; }
     bool AbreComponente() const;
     PGconn* c = nullptr;
 
-private:
+  private:
     std::string esquema_;
 };
 

@@ -6,9 +6,9 @@
 #include <sqlite3.h>
 #include <stdexcept>
 
+#include "banco_bench.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
-#include "banco_bench.h"
 #include "data/postgres/conector_postgres.h"
 #include "medida.h"
 
@@ -27,14 +27,17 @@ const char* Leituras[5] = {
     "SELECT K, PRECO, QTD, UND FROM TBPROD WHERE EMP = ? AND K = ?",
     "SELECT NOME FROM TBPROD WHERE EMP = ? AND K = ?",
 };
-const char* Insercao = "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES (?, ?, ?, ?, ?, ?, ?)";
+const char* Insercao =
+    "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES (?, ?, ?, ?, ?, ?, ?)";
 
 std::string Ddl(bool pg) {
     std::string texto = pg ? "varchar(40)" : "TEXT";
-    return "CREATE TABLE TBPROD (EMP INTEGER, K INTEGER, NOME " + texto + ", UND " + texto + ", GRUPO " + texto +
+    return "CREATE TABLE TBPROD (EMP INTEGER, K INTEGER, NOME " + texto + ", UND " + texto + ", GRUPO " +
+           texto +
            ", PRECO DOUBLE PRECISION, QTD DOUBLE PRECISION, PRIMARY KEY (EMP, K));"
            "CREATE TABLE TBITEM (EMP INTEGER, NUM INTEGER, ITEM INTEGER, PROD INTEGER, QTD DOUBLE PRECISION, "
-           "VALOR DOUBLE PRECISION, DSC " + texto + ", PRIMARY KEY (EMP, NUM, ITEM));";
+           "VALOR DOUBLE PRECISION, DSC " +
+           texto + ", PRIMARY KEY (EMP, NUM, ITEM));";
 }
 
 std::string Carga() {
@@ -50,7 +53,8 @@ void Componente(int base) {
     Comunica& c = ComunicaAtual();
     static int16_t cur[6] = {0, 0, 0, 0, 0, 0};
     if (base == 0)
-        for (auto& x : cur) x = 0;
+        for (auto& x : cur)
+            x = 0;
     for (int i = 0; i < 5; ++i)
         if (!cur[i]) {
             PreparaComando(Leituras[i]);
@@ -86,7 +90,8 @@ void Componente(int base) {
 
 void PisoSqlite(sqlite3* db, int base) {
     sqlite3_stmt* st[6];
-    for (int i = 0; i < 5; ++i) sqlite3_prepare_v3(db, Leituras[i], -1, SQLITE_PREPARE_PERSISTENT, &st[i], nullptr);
+    for (int i = 0; i < 5; ++i)
+        sqlite3_prepare_v3(db, Leituras[i], -1, SQLITE_PREPARE_PERSISTENT, &st[i], nullptr);
     sqlite3_prepare_v3(db, Insercao, -1, SQLITE_PREPARE_PERSISTENT, &st[5], nullptr);
     volatile double soma = 0;
     for (int n = 0; n < Itens; ++n) {
@@ -95,7 +100,8 @@ void PisoSqlite(sqlite3* db, int base) {
             sqlite3_bind_int(st[i], 1, 1);
             sqlite3_bind_int(st[i], 2, k);
             while (sqlite3_step(st[i]) == SQLITE_ROW)
-                for (int j = 0; j < sqlite3_column_count(st[i]); ++j) soma = soma + sqlite3_column_bytes(st[i], j);
+                for (int j = 0; j < sqlite3_column_count(st[i]); ++j)
+                    soma = soma + sqlite3_column_bytes(st[i], j);
             sqlite3_reset(st[i]);
         }
         ExecSqlite(db, "BEGIN IMMEDIATE");
@@ -110,7 +116,8 @@ void PisoSqlite(sqlite3* db, int base) {
         sqlite3_reset(st[5]);
         ExecSqlite(db, "COMMIT");
     }
-    for (auto* s : st) sqlite3_finalize(s);
+    for (auto* s : st)
+        sqlite3_finalize(s);
 }
 
 void CasoSqlite() {
@@ -139,8 +146,10 @@ void PisoPostgres(PGconn* c, int base) {
             const std::string t = ConectorPostgres::Numera(Leituras[i], n);
             PQclear(PQprepare(c, ("l" + std::to_string(i)).c_str(), t.c_str(), 0, nullptr));
         }
-        PQclear(PQprepare(c, "ins", "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES "
-                                    "($1, $2, $3, $4, $5, $6, $7)", 0, nullptr));
+        PQclear(PQprepare(c, "ins",
+                          "INSERT INTO TBITEM (EMP, NUM, ITEM, PROD, QTD, VALOR, DSC) VALUES "
+                          "($1, $2, $3, $4, $5, $6, $7)",
+                          0, nullptr));
         preparado = true;
     }
     volatile size_t soma = 0;
@@ -149,7 +158,8 @@ void PisoPostgres(PGconn* c, int base) {
         const char* chave[2] = {"1", k.c_str()};
         for (int i = 0; i < 5; ++i) {
             PGresult* r = PQexecPrepared(c, ("l" + std::to_string(i)).c_str(), 2, chave, nullptr, nullptr, 0);
-            for (int j = 0; j < PQnfields(r); ++j) soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
+            for (int j = 0; j < PQnfields(r); ++j)
+                soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
             PQclear(r);
         }
         ExecPg(c, "BEGIN");

@@ -21,8 +21,8 @@ template <class F> double ItensPorSegundo(int itens, int rodadas, F&& f) {
 }
 
 inline void Imprime(const std::string& caso, double componente, double piso) {
-    std::printf("%s: component %.0f items/s, floor %.0f items/s, ratio %.2f\n", caso.c_str(), componente, piso,
-                componente > 0 ? piso / componente : 0.0);
+    std::printf("%s: component %.0f items/s, floor %.0f items/s, ratio %.2f\n", caso.c_str(), componente,
+                piso, componente > 0 ? piso / componente : 0.0);
     std::fflush(stdout);
 }
 

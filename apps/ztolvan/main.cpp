@@ -41,25 +41,28 @@ struct Conexao {
     }
     // What the command line says stands in for the settings file.
     void Fixa() const {
-        if (!db.empty()) ConfigBanco::DefineFixa(ConfigBanco{"ACCESS", db, "", ""});
-        else if (!servidor.empty()) ConfigBanco::DefineFixa(ConfigBanco{servidor, banco, usuario, senhaBanco});
+        if (!db.empty())
+            ConfigBanco::DefineFixa(ConfigBanco{"ACCESS", db, "", ""});
+        else if (!servidor.empty())
+            ConfigBanco::DefineFixa(ConfigBanco{servidor, banco, usuario, senhaBanco});
     }
 };
 
 // Messages go to stderr; yes/no questions get the answer the operator chose.
 class MensagensDoTerminal : public PortaMensagens {
-public:
+  public:
     explicit MensagensDoTerminal(bool sim) : sim_(sim) {}
     Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& T1,
                    const std::string&, const std::string&, int32_t, const std::string&) override {
-        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), Texto.c_str(), T1.empty() ? "" : " | ", T1.c_str());
+        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), Texto.c_str(), T1.empty() ? "" : " | ",
+                     T1.c_str());
         int botao = PrimeiroBotao(Tipo);
         if (!sim_ && botao == msg::RespostaSim) return msg::RespostaNao;
         if (!sim_ && botao == msg::RespostaOK && (Tipo & 7) == msg::OKCancelar) return msg::RespostaCancelar;
         return botao;
     }
 
-private:
+  private:
     bool sim_;
 };
 
@@ -121,7 +124,8 @@ int Consulta(const Conexao& c, const std::string& sql) {
     int linhas = 0;
     while (k.Status == status::Ok) {
         std::string linha;
-        for (size_t i = 0; i < k.Retorno.tamanho(); ++i) linha += (i ? "\t" : "") + AparaDireita(CStr(k.Retorno[i]));
+        for (size_t i = 0; i < k.Retorno.tamanho(); ++i)
+            linha += (i ? "\t" : "") + AparaDireita(CStr(k.Retorno[i]));
         std::printf("%s\n", linha.c_str());
         ++linhas;
         k.Transacao = "NEXT";
@@ -157,8 +161,10 @@ Valor ListaDeDados(const std::string& texto) {
         // Whole numbers go as numbers, the rest as texts, as a host would pass them.
         char* fim = nullptr;
         long long n = std::strtoll(item.c_str(), &fim, 10);
-        if (!item.empty() && fim && *fim == '\0') l.emplace_back(n);
-        else l.emplace_back(item);
+        if (!item.empty() && fim && *fim == '\0')
+            l.emplace_back(n);
+        else
+            l.emplace_back(item);
     }
     return Valor(std::move(l));
 }
@@ -175,8 +181,8 @@ int Processa(const Conexao& c, const ArgumentosProcessa& a) {
     Valor dados = a.dadosVendas.empty() ? Valor() : ListaDeDados(a.dadosVendas);
     int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
     bool inativos = a.inativos, captura = a.modoCaptura;
-    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus, mens,
-                         &dados, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
+                         mens, &dados, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
     Resultado r{codigo, statusret, zstatus, mens, dados, a.mostrarSessao ? &SessaoAtual() : nullptr};
     std::cout << (a.json ? ComoJson(r) : ComoTexto(r));
     return SaidaOk;
@@ -185,7 +191,8 @@ int Processa(const Conexao& c, const ArgumentosProcessa& a) {
 } // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app{"ztolvan: the product-groupings component of the Veltra suite, driven from the command line"};
+    CLI::App app{
+        "ztolvan: the product-groupings component of the Veltra suite, driven from the command line"};
     app.require_subcommand(1);
     app.set_version_flag("--version", consultalista::Versao());
 
@@ -198,7 +205,8 @@ int main(int argc, char** argv) {
 
     Conexao conexaoConsulta;
     std::string sql;
-    auto* consulta = app.add_subcommand("consulta", "run a statement through the dispatcher and print its rows");
+    auto* consulta =
+        app.add_subcommand("consulta", "run a statement through the dispatcher and print its rows");
     conexaoConsulta.Opcoes(consulta);
     consulta->add_option("sql", sql, "the statement")->required();
 
@@ -217,7 +225,8 @@ int main(int argc, char** argv) {
     proc->add_option("--tipo-preco", a.tipoPreco, "ztipodepreco (omitted when not given)");
     proc->add_flag("--inativos", a.inativos, "zInativos");
     proc->add_flag("--modo-captura", a.modoCaptura, "zModoCaptura");
-    proc->add_option("--resposta", a.resposta, "answer to yes/no questions: sim or nao")->capture_default_str();
+    proc->add_option("--resposta", a.resposta, "answer to yes/no questions: sim or nao")
+        ->capture_default_str();
     proc->add_flag("--json", a.json, "print as JSON");
     proc->add_flag("--mostrar-sessao", a.mostrarSessao, "also print Sessao after the call");
 

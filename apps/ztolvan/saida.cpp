@@ -52,7 +52,8 @@ Campos CamposDaSessao(const Sessao& s) {
 std::string Texto(const Valor& v) {
     if (v.eLista()) {
         std::string r;
-        for (size_t i = 0; i < v.tamanho(); ++i) r += (i ? "," : "") + Texto(v[i]);
+        for (size_t i = 0; i < v.tamanho(); ++i)
+            r += (i ? "," : "") + Texto(v[i]);
         return r;
     }
     if (v.tipo() == Valor::Tipo::Logico) return v.logico() ? "true" : "false";
@@ -74,7 +75,8 @@ std::string Json(const Valor& v) {
         return Texto(v);
     case Valor::Tipo::Lista: {
         std::string r = "[";
-        for (size_t i = 0; i < v.tamanho(); ++i) r += (i ? "," : "") + Json(v[i]);
+        for (size_t i = 0; i < v.tamanho(); ++i)
+            r += (i ? "," : "") + Json(v[i]);
         return r + "]";
     }
     case Valor::Tipo::Texto:
@@ -107,10 +109,12 @@ std::string Objeto(const Campos& campos) {
 
 std::string ComoTexto(const Resultado& r) {
     std::ostringstream o;
-    for (auto& [k, v] : CamposDoResultado(r)) o << k << ": " << Texto(v) << "\n";
+    for (auto& [k, v] : CamposDoResultado(r))
+        o << k << ": " << Texto(v) << "\n";
     if (r.sessao) {
         o << "Sessao:\n";
-        for (auto& [k, v] : CamposDaSessao(*r.sessao)) o << "  " << k << ": " << Texto(v) << "\n";
+        for (auto& [k, v] : CamposDaSessao(*r.sessao))
+            o << "  " << k << ": " << Texto(v) << "\n";
     }
     return o.str();
 }

@@ -7,13 +7,13 @@
 #include <sqlite3.h>
 #include <stdexcept>
 
+#include "banco_bench.h"
 #include "common/texto.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
 #include "data/modules/modulos.h"
-#include "data/schema/esquema.h"
-#include "banco_bench.h"
 #include "data/postgres/conector_postgres.h"
+#include "data/schema/esquema.h"
 #include "medida.h"
 
 using namespace ztolvan;
@@ -146,9 +146,12 @@ void Prepara(std::string& msg) {
 }
 
 void Liga(sqlite3_stmt* st, int i, const Valor& v) {
-    if (v.tipo() == Valor::Tipo::Inteiro) sqlite3_bind_int64(st, i, v.inteiro());
-    else if (v.tipo() == Valor::Tipo::Duplo) sqlite3_bind_double(st, i, v.duplo());
-    else sqlite3_bind_text(st, i, v.texto().data(), static_cast<int>(v.texto().size()), SQLITE_STATIC);
+    if (v.tipo() == Valor::Tipo::Inteiro)
+        sqlite3_bind_int64(st, i, v.inteiro());
+    else if (v.tipo() == Valor::Tipo::Duplo)
+        sqlite3_bind_double(st, i, v.duplo());
+    else
+        sqlite3_bind_text(st, i, v.texto().data(), static_cast<int>(v.texto().size()), SQLITE_STATIC);
 }
 
 void PisoSqlite(sqlite3* db, const Comandos& cmd, const std::vector<std::string>& equivs,
@@ -163,7 +166,8 @@ void PisoSqlite(sqlite3* db, const Comandos& cmd, const std::vector<std::string>
         const size_t k = static_cast<size_t>(n) % equivs.size();
         auto le = [&](sqlite3_stmt* s) {
             if (sqlite3_step(s) != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(db));
-            for (int j = 0; j < sqlite3_column_count(s); ++j) soma = soma + sqlite3_column_bytes(s, j);
+            for (int j = 0; j < sqlite3_column_count(s); ++j)
+                soma = soma + sqlite3_column_bytes(s, j);
         };
         sqlite3_bind_int(st[0], 1, 1);
         sqlite3_bind_text(st[0], 2, equivs[k].data(), static_cast<int>(equivs[k].size()), SQLITE_STATIC);
@@ -183,14 +187,16 @@ void PisoSqlite(sqlite3* db, const Comandos& cmd, const std::vector<std::string>
         }
         ExecSqlite(db, "BEGIN IMMEDIATE");
         const Valor::Lista& v = valores[k];
-        for (size_t i = 0; i < v.size(); ++i) Liga(st[4], static_cast<int>(i + 1), v[i]);
+        for (size_t i = 0; i < v.size(); ++i)
+            Liga(st[4], static_cast<int>(i + 1), v[i]);
         sqlite3_bind_int(st[4], 2, numped);
         sqlite3_bind_int(st[4], 3, base + n);
         if (sqlite3_step(st[4]) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db));
         sqlite3_reset(st[4]);
         ExecSqlite(db, "COMMIT");
     }
-    for (auto* s : st) sqlite3_finalize(s);
+    for (auto* s : st)
+        sqlite3_finalize(s);
 }
 
 void CasoSqlite() {
@@ -206,8 +212,8 @@ void CasoSqlite() {
     // Alternate the two so that neither gets the quieter moment of the disk.
     for (int r = 0; r < Rodadas; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(equivs, 1000, base); }));
-        piso = std::max(piso,
-                        ItensPorSegundo(Itens, 1, [&] { PisoSqlite(banco.db, cmd, equivs, valores, 2000, base); }));
+        piso = std::max(
+            piso, ItensPorSegundo(Itens, 1, [&] { PisoSqlite(banco.db, cmd, equivs, valores, 2000, base); }));
         base += Itens;
     }
     FechaConexao();
@@ -234,14 +240,16 @@ void PisoPostgres(PGconn* c, const Comandos& cmd, const std::vector<std::string>
     static bool preparado = false;
     if (!preparado) {
         for (int i = 0; i < 4; ++i)
-            PQclear(PQprepare(c, ("m" + std::to_string(i)).c_str(), Numerado(cmd.leituras[i]).c_str(), 0, nullptr));
+            PQclear(PQprepare(c, ("m" + std::to_string(i)).c_str(), Numerado(cmd.leituras[i]).c_str(), 0,
+                              nullptr));
         PQclear(PQprepare(c, "mins", Numerado(cmd.insercao).c_str(), 0, nullptr));
         preparado = true;
     }
     std::vector<std::vector<std::string>> textos;
     for (const auto& v : valores) {
         textos.emplace_back();
-        for (const auto& x : v) textos.back().push_back(ComoTexto(x));
+        for (const auto& x : v)
+            textos.back().push_back(ComoTexto(x));
     }
     volatile size_t soma = 0;
     const std::string pedido = std::to_string(numped);
@@ -249,8 +257,10 @@ void PisoPostgres(PGconn* c, const Comandos& cmd, const std::vector<std::string>
         const size_t k = static_cast<size_t>(n) % equivs.size();
         auto le = [&](const char* nome, int np, const char* const* p) {
             PGresult* r = PQexecPrepared(c, nome, np, p, nullptr, nullptr, 0);
-            if (PQntuples(r) < 1) throw std::runtime_error(std::string(nome) + ": " + PQresultErrorMessage(r));
-            for (int j = 0; j < PQnfields(r); ++j) soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
+            if (PQntuples(r) < 1)
+                throw std::runtime_error(std::string(nome) + ": " + PQresultErrorMessage(r));
+            for (int j = 0; j < PQnfields(r); ++j)
+                soma = soma + static_cast<size_t>(PQgetlength(r, 0, j));
             return r;
         };
         const char* p0[3] = {"1", equivs[k].c_str(), "1"};
@@ -266,7 +276,8 @@ void PisoPostgres(PGconn* c, const Comandos& cmd, const std::vector<std::string>
         ExecPg(c, "BEGIN");
         const std::string item = std::to_string(base + n);
         std::vector<const char*> v;
-        for (const auto& t : textos[k]) v.push_back(t.c_str());
+        for (const auto& t : textos[k])
+            v.push_back(t.c_str());
         v[1] = pedido.c_str();
         v[2] = item.c_str();
         PGresult* r = PQexecPrepared(c, "mins", static_cast<int>(v.size()), v.data(), nullptr, nullptr, 0);
@@ -292,8 +303,9 @@ void CasoPostgres() {
     double comp = 0, piso = 0;
     for (int r = 0; r < Rodadas; ++r) {
         comp = std::max(comp, ItensPorSegundo(Itens, 1, [&] { Componente(equivs, 1000, base); }));
-        piso = std::max(piso,
-                        ItensPorSegundo(Itens, 1, [&] { PisoPostgres(banco.c, cmd, equivs, valores, 2000, base); }));
+        piso = std::max(piso, ItensPorSegundo(Itens, 1, [&] {
+                            PisoPostgres(banco.c, cmd, equivs, valores, 2000, base);
+                        }));
         base += Itens;
     }
     FechaConexao();

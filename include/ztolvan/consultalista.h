@@ -11,7 +11,7 @@
 namespace ztolvan {
 
 class consultalista {
-public:
+  public:
     consultalista();  // Class_Initialize
     ~consultalista(); // Class_Terminate
     consultalista(const consultalista&) = delete;
@@ -21,9 +21,10 @@ public:
     // optional (nullptr = omitted: 0 / false). Failures are shown to the
     // operator as messages; zstatus and zstatusmens always come back 0 and "".
     void ZProcessa(int16_t& zEmpresa, std::string& zoperador, std::string& Zsenha, int16_t& zopcao,
-                   int32_t& ZCodigo, std::string& Zorigem, int32_t& Znumdoc, int16_t& Ztpmov, int16_t& Zstatusret,
-                   int16_t& zstatus, std::string& zstatusmens, Valor* ZDadosVendas = nullptr,
-                   int16_t* ztipodepreco = nullptr, bool* zInativos = nullptr, bool* zModoCaptura = nullptr);
+                   int32_t& ZCodigo, std::string& Zorigem, int32_t& Znumdoc, int16_t& Ztpmov,
+                   int16_t& Zstatusret, int16_t& zstatus, std::string& zstatusmens,
+                   Valor* ZDadosVendas = nullptr, int16_t* ztipodepreco = nullptr, bool* zInativos = nullptr,
+                   bool* zModoCaptura = nullptr);
 
     // The component's version, "major.minor.rrrr".
     static std::string Versao();

@@ -1,8 +1,8 @@
 #pragma once
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <type_traits>
-#include <string>
 #include <variant>
 #include <vector>
 
@@ -11,7 +11,7 @@ namespace ztolvan {
 // The variant value carried by Comunica.Dados, Comunica.Retorno and
 // ZDadosVendas: empty, integer, double, text, boolean or a 0-based array.
 class Valor {
-public:
+  public:
     using Lista = std::vector<Valor>;
     enum class Tipo { Vazio, Inteiro, Duplo, Texto, Logico, Lista };
 
@@ -31,7 +31,9 @@ public:
     bool vazio() const { return tipo() == Tipo::Vazio; }
     bool eLista() const { return tipo() == Tipo::Lista; }
     bool eTexto() const { return tipo() == Tipo::Texto; }
-    bool eNumero() const { return tipo() == Tipo::Inteiro || tipo() == Tipo::Duplo || tipo() == Tipo::Logico; }
+    bool eNumero() const {
+        return tipo() == Tipo::Inteiro || tipo() == Tipo::Duplo || tipo() == Tipo::Logico;
+    }
 
     int64_t inteiro() const { return std::get<int64_t>(v_); }
     double duplo() const { return std::get<double>(v_); }
@@ -46,7 +48,7 @@ public:
 
     bool operator==(const Valor&) const = default;
 
-private:
+  private:
     std::variant<std::monostate, int64_t, double, std::string, bool, Lista> v_;
 };
 

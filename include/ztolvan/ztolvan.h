@@ -18,12 +18,12 @@ typedef struct {
     zt_tipo tipo;
     int64_t inteiro;
     double duplo;
-    const char *texto; /* UTF-8 */
+    const char* texto; /* UTF-8 */
 } zt_valor;
 
 /* Class_Initialize / Class_Terminate. zt_cria never returns NULL unless memory runs out. */
-zt_consultalista *zt_cria(void);
-void zt_destroi(zt_consultalista *c);
+zt_consultalista* zt_cria(void);
+void zt_destroi(zt_consultalista* c);
 
 /* ZProcessa. Strings are UTF-8. dados/n_dados is ZDadosVendas on entry (NULL
  * when not passed); on return, for origin "F", its text goes to
@@ -31,14 +31,14 @@ void zt_destroi(zt_consultalista *c);
  * in *dados_saida_len when not NULL). zstatusmens likewise. The optional
  * by-reference numbers may be NULL (omitted). Returns 0, or -1 when a
  * required pointer is NULL. */
-int zt_processa(zt_consultalista *c, int16_t *zEmpresa, const char *zoperador, const char *Zsenha,
-                int16_t *zopcao, int32_t *ZCodigo, const char *Zorigem, int32_t *Znumdoc, int16_t *Ztpmov,
-                int16_t *Zstatusret, int16_t *zstatus, char *zstatusmens, size_t zstatusmens_tam,
-                const zt_valor *dados, size_t n_dados, char *dados_saida, size_t dados_saida_tam,
-                size_t *dados_saida_len, int16_t *ztipodepreco, int *zInativos, int *zModoCaptura);
+int zt_processa(zt_consultalista* c, int16_t* zEmpresa, const char* zoperador, const char* Zsenha,
+                int16_t* zopcao, int32_t* ZCodigo, const char* Zorigem, int32_t* Znumdoc, int16_t* Ztpmov,
+                int16_t* Zstatusret, int16_t* zstatus, char* zstatusmens, size_t zstatusmens_tam,
+                const zt_valor* dados, size_t n_dados, char* dados_saida, size_t dados_saida_tam,
+                size_t* dados_saida_len, int16_t* ztipodepreco, int* zInativos, int* zModoCaptura);
 
 /* The component's version text ("1.0.0001"); a static string. */
-const char *zt_versao(void);
+const char* zt_versao(void);
 
 #ifdef __cplusplus
 }

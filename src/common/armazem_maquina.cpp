@@ -28,7 +28,7 @@ std::string ArmazemArquivoIni::ArquivoPadrao() {
 }
 
 std::optional<std::map<std::string, std::string>> ArmazemArquivoIni::AbreChave(const std::string& raiz,
-                                                                                const std::string& caminho) {
+                                                                               const std::string& caminho) {
     if (!ChaveVeltraPedida(raiz, caminho)) return std::nullopt;
     std::map<std::string, std::string> valores;
     if (ini_parse(arquivo_.c_str(), Coleta, &valores) < 0) return std::nullopt;
@@ -36,10 +36,11 @@ std::optional<std::map<std::string, std::string>> ArmazemArquivoIni::AbreChave(c
 }
 
 std::optional<std::map<std::string, std::string>> ArmazemMemoria::AbreChave(const std::string& raiz,
-                                                                             const std::string& caminho) {
+                                                                            const std::string& caminho) {
     if (!existe || !ChaveVeltraPedida(raiz, caminho)) return std::nullopt;
     std::map<std::string, std::string> r;
-    for (auto& [k, v] : valores) r[Maiusculas(k)] = v;
+    for (auto& [k, v] : valores)
+        r[Maiusculas(k)] = v;
     return r;
 }
 

@@ -14,28 +14,28 @@ inline constexpr const char* ChaveVeltra = "software\\quessor\\veltra\\ini";
 inline constexpr const char* RaizMaquina = "HKEY_LOCAL_MACHINE";
 
 class ArmazemMaquina {
-public:
+  public:
     virtual ~ArmazemMaquina() = default;
     // The values of key 'caminho' under 'raiz'; nullopt when the key cannot be opened.
     virtual std::optional<std::map<std::string, std::string>> AbreChave(const std::string& raiz,
-                                                                         const std::string& caminho) = 0;
+                                                                        const std::string& caminho) = 0;
 };
 
 class ArmazemArquivoIni : public ArmazemMaquina {
-public:
+  public:
     explicit ArmazemArquivoIni(std::string arquivo) : arquivo_(std::move(arquivo)) {}
     static std::string ArquivoPadrao();
     std::optional<std::map<std::string, std::string>> AbreChave(const std::string& raiz,
-                                                                 const std::string& caminho) override;
+                                                                const std::string& caminho) override;
 
-private:
+  private:
     std::string arquivo_;
 };
 
 class ArmazemMemoria : public ArmazemMaquina {
-public:
+  public:
     std::optional<std::map<std::string, std::string>> AbreChave(const std::string& raiz,
-                                                                 const std::string& caminho) override;
+                                                                const std::string& caminho) override;
     std::map<std::string, std::string> valores;
     bool existe = true;
 };

@@ -8,7 +8,8 @@ thread_local std::unique_ptr<Contexto> atual;
 }
 
 Contexto::~Contexto() {
-    for (auto it = ordem_.rbegin(); it != ordem_.rend(); ++it) partes_[*it].reset();
+    for (auto it = ordem_.rbegin(); it != ordem_.rend(); ++it)
+        partes_[*it].reset();
 }
 
 Contexto& Contexto::Atual() {

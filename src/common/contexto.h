@@ -11,7 +11,7 @@ namespace ztolvan {
 // constructible type created on first use and destroyed with the context:
 //     auto& dados = Contexto::Atual().Parte<EstadoDados>();
 class Contexto {
-public:
+  public:
     Contexto() = default;
     Contexto(const Contexto&) = delete;
     Contexto& operator=(const Contexto&) = delete;
@@ -39,13 +39,11 @@ public:
         return id < partes_.size() && partes_[id] != nullptr;
     }
 
-private:
+  private:
     struct Base {
         virtual ~Base() = default;
     };
-    template <class T> struct Modelo : Base {
-        T valor{};
-    };
+    template <class T> struct Modelo : Base { T valor{}; };
 
     static size_t NovoId();
     template <class T> static size_t IdDe() {

@@ -22,10 +22,12 @@ double Val(std::string_view s) {
     size_t i = 0;
     if (i < limpo.size() && (limpo[i] == '+' || limpo[i] == '-')) ++i;
     size_t digitos = 0;
-    while (i < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[i]))) ++i, ++digitos;
+    while (i < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[i])))
+        ++i, ++digitos;
     if (i < limpo.size() && limpo[i] == '.') {
         ++i;
-        while (i < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[i]))) ++i, ++digitos;
+        while (i < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[i])))
+            ++i, ++digitos;
     }
     if (digitos == 0) return 0.0;
     size_t fim = i;
@@ -33,7 +35,8 @@ double Val(std::string_view s) {
         size_t j = i + 1;
         if (j < limpo.size() && (limpo[j] == '+' || limpo[j] == '-')) ++j;
         size_t k = j;
-        while (k < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[k]))) ++k;
+        while (k < limpo.size() && std::isdigit(static_cast<unsigned char>(limpo[k])))
+            ++k;
         if (k > j) {
             limpo[i] = 'e';
             fim = k;
@@ -76,7 +79,8 @@ double TextoParaNumero(std::string_view s) {
         ++i;
         if (i < v.size() && (v[i] == '+' || v[i] == '-')) t.push_back(v[i++]);
         size_t k = i;
-        while (i < v.size() && std::isdigit(static_cast<unsigned char>(v[i]))) t.push_back(v[i++]);
+        while (i < v.size() && std::isdigit(static_cast<unsigned char>(v[i])))
+            t.push_back(v[i++]);
         if (i == k) throw ErroExecucao::TiposIncompativeis();
     }
     if (i != v.size()) throw ErroExecucao::TiposIncompativeis();

@@ -55,11 +55,12 @@ std::string AgoraHHMMSS() {
 }
 
 std::string DataHoraTexto(const DataHora& d) {
-    return Dois(d.Dia) + "/" + Dois(d.Mes) + "/" + Quatro(d.Ano) + " " + Dois(d.Hora) + ":" + Dois(d.Minuto) + ":" +
-           Dois(d.Segundo);
+    return Dois(d.Dia) + "/" + Dois(d.Mes) + "/" + Quatro(d.Ano) + " " + Dois(d.Hora) + ":" + Dois(d.Minuto) +
+           ":" + Dois(d.Segundo);
 }
 
-std::string fcRetornaDataNoFormatoDesejado(const std::string& Data, const std::string& De, const std::string& Para) {
+std::string fcRetornaDataNoFormatoDesejado(const std::string& Data, const std::string& De,
+                                           const std::string& Para) {
     // Where each part stands (1-based) in every known source format.
     struct Origem {
         const char* formato;

@@ -38,6 +38,7 @@ std::string DataHoraTexto(const DataHora& d);
 // "DD/MM/YYYY" (formats in any case). A date whose length does not fit its
 // format, or an unknown destination, gives "". Nothing is validated beyond
 // the length: the characters are only moved.
-std::string fcRetornaDataNoFormatoDesejado(const std::string& Data, const std::string& De, const std::string& Para);
+std::string fcRetornaDataNoFormatoDesejado(const std::string& Data, const std::string& De,
+                                           const std::string& Para);
 
 } // namespace ztolvan

@@ -8,8 +8,9 @@ namespace ztolvan {
 // mismatch, subscript out of range). Thrown inside the component only: every
 // public entry point and screen event traps it and reports it in its own words.
 class ErroExecucao : public std::runtime_error {
-public:
-    ErroExecucao(long numero, const std::string& descricao) : std::runtime_error(descricao), numero_(numero) {}
+  public:
+    ErroExecucao(long numero, const std::string& descricao)
+        : std::runtime_error(descricao), numero_(numero) {}
     long Numero() const noexcept { return numero_; }
     std::string Descricao() const { return what(); }
 
@@ -17,7 +18,7 @@ public:
     static ErroExecucao SubscritoForaDoIntervalo() { return {9, "Subscrito fora do intervalo"}; }
     static ErroExecucao TiposIncompativeis() { return {13, "Tipos incompatíveis"}; }
 
-private:
+  private:
     long numero_;
 };
 

@@ -15,9 +15,9 @@ namespace {
 
 struct PadraoNumerico {
     std::string prefixo, sufixo;
-    int zerosInteiros = 0;  // minimum integer digits
-    int decimaisFixos = 0;  // '0' after the point
-    int decimaisOpcionais = 0;  // '#' after the point
+    int zerosInteiros = 0;     // minimum integer digits
+    int decimaisFixos = 0;     // '0' after the point
+    int decimaisOpcionais = 0; // '#' after the point
     bool ponto = false;
     bool milhar = false;
 };
@@ -39,8 +39,10 @@ PadraoNumerico Analisa(std::string_view p) {
         } else if (c == ',') {
             if (!depois) r.milhar = true;
         } else if (c == '0') {
-            if (depois) ++r.decimaisFixos;
-            else ++r.zerosInteiros;
+            if (depois)
+                ++r.decimaisFixos;
+            else
+                ++r.zerosInteiros;
         } else if (c == '#') {
             if (depois) ++r.decimaisOpcionais;
         }
@@ -60,7 +62,7 @@ std::string Digitos(double v, int casas) {
     int exp10 = std::atoi(std::strchr(buf, 'e') + 1);
     // Value = 0.mant * 10^(exp10+1); digits before the point: exp10+1.
     int intDigits = exp10 + 1;
-    int keep = intDigits + casas;  // digits of mant to keep
+    int keep = intDigits + casas; // digits of mant to keep
     std::string digits;
     if (keep < 0) return std::string(1, '0') + std::string(casas, '0');
     bool arredondaCima = keep < static_cast<int>(mant.size()) && mant[keep] >= '5';
@@ -71,8 +73,10 @@ std::string Digitos(double v, int casas) {
     }
     if (arredondaCima) {
         int i = static_cast<int>(digits.size()) - 1;
-        while (i >= 0 && digits[i] == '9') digits[i--] = '0';
-        if (i >= 0) ++digits[i];
+        while (i >= 0 && digits[i] == '9')
+            digits[i--] = '0';
+        if (i >= 0)
+            ++digits[i];
         else {
             digits.insert(digits.begin(), '1');
             ++intDigits;
@@ -83,7 +87,7 @@ std::string Digitos(double v, int casas) {
     if (totalInt <= 0) {
         digits.insert(0, std::string(1 - totalInt, '0'));
     }
-    return digits;  // integer digits followed by 'casas' decimals
+    return digits; // integer digits followed by 'casas' decimals
 }
 
 std::string Agrupa(const std::string& inteiro, const std::string& sep) {
@@ -119,7 +123,8 @@ std::string Formata(double v, std::string_view padrao) {
     std::string inteiro = d.substr(0, d.size() - casas);
     std::string decimais = d.substr(d.size() - casas);
     // Optional decimals drop their trailing zeros.
-    while (static_cast<int>(decimais.size()) > p.decimaisFixos && decimais.back() == '0') decimais.pop_back();
+    while (static_cast<int>(decimais.size()) > p.decimaisFixos && decimais.back() == '0')
+        decimais.pop_back();
     size_t nz = inteiro.find_first_not_of('0');
     inteiro = nz == std::string::npos ? "" : inteiro.substr(nz);
     if (static_cast<int>(inteiro.size()) < p.zerosInteiros)
@@ -128,8 +133,10 @@ std::string Formata(double v, std::string_view padrao) {
                 decimais.find_first_not_of('0') == std::string::npos;
     const Regiao& r = RegiaoAtual();
     std::string corpo = p.milhar ? Agrupa(inteiro, r.milhar) : inteiro;
-    if (p.ponto && (!decimais.empty() || p.decimaisFixos > 0)) corpo += r.decimal + decimais;
-    else if (p.ponto && decimais.empty() && p.decimaisOpcionais > 0) corpo += r.decimal;
+    if (p.ponto && (!decimais.empty() || p.decimaisFixos > 0))
+        corpo += r.decimal + decimais;
+    else if (p.ponto && decimais.empty() && p.decimaisOpcionais > 0)
+        corpo += r.decimal;
     std::string sinal = (v < 0 && !zero) ? "-" : "";
     return sinal + p.prefixo + corpo + p.sufixo;
 }

@@ -24,17 +24,18 @@ std::string Ambiente(const char* nome) {
 std::string PastaPessoal() {
     std::string home = Ambiente("HOME");
     if (!home.empty()) return home;
-    struct passwd pw{};
+    struct passwd pw {};
     struct passwd* achou = nullptr;
     char buf[4096];
-    if (getpwuid_r(getuid(), &pw, buf, sizeof buf, &achou) == 0 && achou && achou->pw_dir) return achou->pw_dir;
+    if (getpwuid_r(getuid(), &pw, buf, sizeof buf, &achou) == 0 && achou && achou->pw_dir)
+        return achou->pw_dir;
     return ".";
 }
 
 // The local date of the file's last change, as DataHora::Chave; 0 when the
 // file is not there.
 long ChaveDaUltimaAlteracao(const std::filesystem::path& caminho) {
-    struct stat st{};
+    struct stat st {};
     if (::stat(caminho.c_str(), &st) != 0) return 0;
     return ParaDataHora(std::chrono::system_clock::from_time_t(st.st_mtime)).Chave();
 }
@@ -60,7 +61,7 @@ void GravaLog(Valor& Texto, std::string& Projeto, std::string& Rotina) {
         const std::filesystem::path pasta = PastaLog();
         std::error_code ec;
         std::filesystem::create_directories(pasta, ec);
-        const auto caminho = pasta / (projeto + "_" + std::to_string(agora.DiaDaSemana) + ".log");
+        const auto caminho = pasta / (projeto + "_" + std::to_string(agora.DiaDaSemana % 7 + 1) + ".log");
         const long alterado = ChaveDaUltimaAlteracao(caminho);
         if (alterado == 0) {
             std::ofstream(caminho) << momento << " Inicio " << '\n';
@@ -82,9 +83,10 @@ void GravaLog(Valor& Texto, std::string& Projeto, std::string& Rotina) {
     }
 }
 
-void sbGeraLog(int16_t Sistema, const std::string& Origem, const std::string& Versao, const std::string& Rotina,
-               const std::string& Mensagem, [[maybe_unused]] const std::string& Usuario, [[maybe_unused]] bool Erro,
-               int16_t Exibe, const std::string& Titulo) {
+void sbGeraLog(int16_t Sistema, const std::string& Origem, const std::string& Versao,
+               const std::string& Rotina, const std::string& Mensagem,
+               [[maybe_unused]] const std::string& Usuario, [[maybe_unused]] bool Erro, int16_t Exibe,
+               const std::string& Titulo) {
     int linha = 0;
     try {
         linha = 10;
@@ -100,8 +102,8 @@ void sbGeraLog(int16_t Sistema, const std::string& Origem, const std::string& Ve
                            msg::Critico, Titulo);
         }
     } catch (const ErroExecucao& e) {
-        MostraMensagem("sbGeraLog, Linha: " + std::to_string(linha) + " - " + TextoDecimal(e.Numero()) + ", " +
-                           e.Descricao(),
+        MostraMensagem("sbGeraLog, Linha: " + std::to_string(linha) + " - " + TextoDecimal(e.Numero()) +
+                           ", " + e.Descricao(),
                        msg::Critico, Titulo);
     } catch (const std::exception& e) {
         MostraMensagem("sbGeraLog, Linha: " + std::to_string(linha) + " - " + e.what(), msg::Critico, Titulo);

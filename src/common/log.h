@@ -21,8 +21,8 @@ void GravaLog(Valor& Texto, std::string& Projeto, std::string& Rotina);
 
 // The suite's subsystems, by the number sbGeraLog receives.
 inline constexpr std::array<const char*, 10> SistemasDaSuite = {
-    "FrenteDeLoja", "Vendas", "Compras", "Estoque", "Financeiro",
-    "Fiscal", "Faturamento", "Contabilidade", "Producao", "Cadastros",
+    "FrenteDeLoja", "Vendas",      "Compras",       "Estoque",  "Financeiro",
+    "Fiscal",       "Faturamento", "Contabilidade", "Producao", "Cadastros",
 };
 
 // The error report of the screens. With Exibe not 0 it shows a critical
@@ -30,8 +30,8 @@ inline constexpr std::array<const char*, 10> SistemasDaSuite = {
 // per line. No file is written (the component never turns the file log on),
 // so Usuario and Erro have no effect. A failure inside (a subsystem number
 // outside the table) is shown as "sbGeraLog, Linha: ..."; never throws.
-void sbGeraLog(int16_t Sistema, const std::string& Origem, const std::string& Versao, const std::string& Rotina,
-               const std::string& Mensagem, const std::string& Usuario, bool Erro, int16_t Exibe,
-               const std::string& Titulo);
+void sbGeraLog(int16_t Sistema, const std::string& Origem, const std::string& Versao,
+               const std::string& Rotina, const std::string& Mensagem, const std::string& Usuario, bool Erro,
+               int16_t Exibe, const std::string& Titulo);
 
 } // namespace ztolvan

@@ -37,9 +37,9 @@ Valor MensagensGravadas::fnMsgbox(const std::string& Texto, int32_t Tipo, const 
 
 namespace ztolvan {
 
-Valor MostraMensagem(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& Texto1,
-                     const std::string& Texto2, const std::string& Texto3, int32_t Valor1,
-                     const std::string& Texto4) {
+Valor MostraMensagem(const std::string& Texto, int32_t Tipo, const std::string& Titulo,
+                     const std::string& Texto1, const std::string& Texto2, const std::string& Texto3,
+                     int32_t Valor1, const std::string& Texto4) {
     try {
         auto componente = PortasAtuais().mensagens;
         if (!componente) return {};

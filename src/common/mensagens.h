@@ -27,7 +27,7 @@ inline constexpr int RespostaNao = 7;
 
 // The suite's message component: shows a message and returns the button pressed.
 class PortaMensagens {
-public:
+  public:
     virtual ~PortaMensagens() = default;
     virtual Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo,
                            const std::string& Texto1, const std::string& Texto2, const std::string& Texto3,
@@ -43,7 +43,7 @@ struct MensagemMostrada {
 // Keeps what was shown and answers from a script, then with the first button
 // of the box (OK or Yes) once the script runs out.
 class MensagensGravadas : public PortaMensagens {
-public:
+  public:
     Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string&,
                    const std::string&, const std::string&, int32_t, const std::string&) override;
 
@@ -53,7 +53,7 @@ public:
     // Also echo every message to stderr (the command line's policy).
     bool ecoStderr = false;
 
-private:
+  private:
     std::vector<MensagemMostrada> mostradas_;
     std::deque<int> respostas_;
 };

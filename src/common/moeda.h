@@ -6,7 +6,7 @@ namespace ztolvan {
 // Fixed-point money counting ten-thousandths, as the old run-time's currency
 // type: conversions from double round halves to even; overflow is ErroExecucao 6.
 class Moeda {
-public:
+  public:
     Moeda() = default;
     static Moeda DeDuplo(double v);
     static Moeda DeDezMilesimos(int64_t d) {
@@ -25,7 +25,7 @@ public:
     bool operator==(const Moeda&) const = default;
     auto operator<=>(const Moeda&) const = default;
 
-private:
+  private:
     int64_t d_ = 0;
 };
 

@@ -34,7 +34,8 @@ Portas& PortasAtuais() {
             m->ecoStderr = true;
             e.portas.mensagens = m;
         }
-        if (!e.portas.armazem) e.portas.armazem = std::make_shared<ArmazemArquivoIni>(ArmazemArquivoIni::ArquivoPadrao());
+        if (!e.portas.armazem)
+            e.portas.armazem = std::make_shared<ArmazemArquivoIni>(ArmazemArquivoIni::ArquivoPadrao());
         if (!e.portas.telas) e.portas.telas = std::make_shared<TelasSemJanela>();
         e.preenchidas = true;
     }

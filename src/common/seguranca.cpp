@@ -17,8 +17,8 @@ EstadoSeguranca& Estado() { return Contexto::Atual().Parte<EstadoSeguranca>(); }
 } // namespace
 
 void SegurancaGravada::ZProcessa(int16_t Codigo, const std::string& Programa, const std::string& Funcao,
-                                 std::string& OperadorCopia, int16_t& Resultado, const std::string& TextoPassado,
-                                 const std::string& TextoSobrepoe) {
+                                 std::string& OperadorCopia, int16_t& Resultado,
+                                 const std::string& TextoPassado, const std::string& TextoSobrepoe) {
     pedidas.push_back({Codigo, Programa, Funcao, OperadorCopia, TextoPassado, TextoSobrepoe, cEMPRESA});
     Resultado = resultado;
     if (!autorizador.empty()) OperadorCopia = autorizador;

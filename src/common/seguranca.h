@@ -22,7 +22,7 @@ inline constexpr int16_t PedeAutorizacao = 1;
 // The suite's security component: decides whether an operator may perform a
 // function of a program, asking for an authorising operator when it must.
 class PortaSeguranca {
-public:
+  public:
     virtual ~PortaSeguranca() = default;
     // Fills Resultado (see seguranca::) and, when someone else authorised,
     // puts that operator in OperadorCopia.
@@ -45,7 +45,7 @@ struct ChecagemPedida {
 
 // Answers every check with fixed values and keeps what was asked.
 class SegurancaGravada : public PortaSeguranca {
-public:
+  public:
     void ZProcessa(int16_t Codigo, const std::string& Programa, const std::string& Funcao,
                    std::string& OperadorCopia, int16_t& Resultado, const std::string& TextoPassado,
                    const std::string& TextoSobrepoe) override;

@@ -10,7 +10,7 @@ using TelaId = const void*;
 
 // The window system as the screens need it.
 class PortaTelas {
-public:
+  public:
     virtual ~PortaTelas() = default;
     // Puts the screen's window above all others (Ligar) or back among them,
     // without moving or resizing it; true when the window system did it.
@@ -22,7 +22,7 @@ public:
 
 // Without a window system: nothing is shown, so nothing can be kept on top.
 class TelasSemJanela : public PortaTelas {
-public:
+  public:
     bool DefineNoTopo(TelaId, bool) override { return false; }
     void ProcessaEventos() override {}
     void Bipe() override {}
@@ -36,7 +36,7 @@ struct ChamadaTela {
 
 // Keeps every call; DefineNoTopo answers `aceitaNoTopo`.
 class TelasGravadas : public PortaTelas {
-public:
+  public:
     bool DefineNoTopo(TelaId tela, bool Ligar) override;
     void ProcessaEventos() override { chamadas.push_back({"Eventos", nullptr, false}); }
     void Bipe() override { chamadas.push_back({"Bipe", nullptr, false}); }

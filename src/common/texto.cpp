@@ -35,7 +35,8 @@ size_t Offset(std::string_view s, size_t k) {
 
 size_t Largura(std::string_view s) {
     size_t n = 0;
-    for (size_t pos = 0; pos < s.size(); pos = Avanca(s, pos)) ++n;
+    for (size_t pos = 0; pos < s.size(); pos = Avanca(s, pos))
+        ++n;
     return n;
 }
 

@@ -13,7 +13,7 @@ struct Campo {
 };
 
 class RecordSet {
-public:
+  public:
     RecordSet() = default;
     explicit RecordSet(TabelaResultado t) : tabela_(std::move(t)) {}
     bool Eof() const { return posicao_ >= tabela_.linhas.size(); }
@@ -26,7 +26,7 @@ public:
     }
     size_t RecordCount() const { return tabela_.linhas.size(); }
 
-private:
+  private:
     TabelaResultado tabela_;
     size_t posicao_ = 0;
 };
@@ -38,7 +38,7 @@ struct ResultadoComando {
 };
 
 class clsBancoDados {
-public:
+  public:
     // The thread's connection stands for every connection number.
     bool fcAbreBancoDadosVeltra(int16_t conexao);
     // The third argument (always false in the component) is accepted and has no effect.

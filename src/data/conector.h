@@ -16,10 +16,11 @@ struct TabelaResultado {
 // The suite's database connector. The three operations of the contract take
 // their arguments by reference, in the order of the Comunica fields.
 class ConectorBD {
-public:
+  public:
     virtual ~ConectorBD() = default;
     virtual void ZConnectOpen(std::string& Servidor, std::string& Banco, std::string& Usuario,
-                              std::string& Senha, int16_t& Conexao, std::string& Status, std::string& Msg) = 0;
+                              std::string& Senha, int16_t& Conexao, std::string& Status,
+                              std::string& Msg) = 0;
     virtual void Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor, std::string& Status,
                           std::string& Msg, Valor& Dados, Valor& Retorno) = 0;
     virtual void ZConnectClose(int16_t& Conexao) = 0;

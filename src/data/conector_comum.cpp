@@ -18,7 +18,8 @@ std::string MsgSemConexao() { return "Sem conexão com o banco de dados"; }
 } // namespace
 
 void ConectorComum::ZConnectOpen(std::string& Servidor, std::string& Banco, std::string& Usuario,
-                                 std::string& Senha, int16_t& Conexao, std::string& Status, std::string& Msg) {
+                                 std::string& Senha, int16_t& Conexao, std::string& Status,
+                                 std::string& Msg) {
     try {
         if (Conectado()) Desconecta();
         cursores_.clear();
@@ -152,12 +153,13 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
     }
 }
 
-void ConectorComum::Roda(Cursor& c, const Valor& dados, std::string& Status, std::string& Msg, Valor& Retorno) {
+void ConectorComum::Roda(Cursor& c, const Valor& dados, std::string& Status, std::string& Msg,
+                         Valor& Retorno) {
     const Valor::Lista& valores = ValoresDe(dados);
     if (static_cast<int>(valores.size()) != c.comando->Parametros()) {
         Status = status::Falha;
-        Msg = "Número de valores (" + std::to_string(valores.size()) + ") diferente do número de parâmetros (" +
-              std::to_string(c.comando->Parametros()) + ")";
+        Msg = "Número de valores (" + std::to_string(valores.size()) +
+              ") diferente do número de parâmetros (" + std::to_string(c.comando->Parametros()) + ")";
         return;
     }
     c.resultado.linhas.clear();
@@ -174,10 +176,14 @@ void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Sta
                          Valor& Retorno) {
     const long n = static_cast<long>(c.resultado.linhas.size());
     long p = c.posicao;
-    if (palavra == "NEXT") p = p + 1;
-    else if (palavra == "PREV") p = p - 1;
-    else if (palavra == "FIRST") p = 0;
-    else p = n - 1;
+    if (palavra == "NEXT")
+        p = p + 1;
+    else if (palavra == "PREV")
+        p = p - 1;
+    else if (palavra == "FIRST")
+        p = 0;
+    else
+        p = n - 1;
     if (p < 0 || p >= n) {
         c.posicao = p < 0 ? -1 : n;
         Status = status::SemLinha;

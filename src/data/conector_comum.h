@@ -12,7 +12,7 @@ namespace ztolvan {
 // buffered results and their moves. A database kind supplies connecting,
 // preparing, running and ending a unit of change.
 class ConectorComum : public ConectorBD {
-public:
+  public:
     void ZConnectOpen(std::string& Servidor, std::string& Banco, std::string& Usuario, std::string& Senha,
                       int16_t& Conexao, std::string& Status, std::string& Msg) final;
     void Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor, std::string& Status,
@@ -21,7 +21,7 @@ public:
     void Consulta(int16_t Conexao, const std::string& Texto, TabelaResultado& Tabela, std::string& Status,
                   std::string& Msg) final;
 
-protected:
+  protected:
     // A prepared statement of the database kind.
     struct Comando {
         virtual ~Comando() = default;
@@ -45,7 +45,7 @@ protected:
     virtual std::string Confirma(std::string& msg) = 0;
     virtual std::string Desfaz(std::string& msg) = 0;
 
-private:
+  private:
     struct Cursor {
         std::unique_ptr<Comando> comando;
         TabelaResultado resultado;

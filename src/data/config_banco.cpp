@@ -14,10 +14,14 @@ int Coleta(void* user, const char*, const char* nome, const char* valor) {
     auto* c = static_cast<ConfigBanco*>(user);
     const std::string n = Maiusculas(nome);
     const std::string v = valor ? valor : "";
-    if (n == "SERVIDOR") c->Servidor = v;
-    else if (n == "BANCO") c->Banco = v;
-    else if (n == "USUARIO") c->USUARIO = v;
-    else if (n == "SENHA") c->Senha = v;
+    if (n == "SERVIDOR")
+        c->Servidor = v;
+    else if (n == "BANCO")
+        c->Banco = v;
+    else if (n == "USUARIO")
+        c->USUARIO = v;
+    else if (n == "SENHA")
+        c->Senha = v;
     return 1;
 }
 
@@ -34,8 +38,10 @@ void ConfigBanco::DefineFixa(std::optional<ConfigBanco> c) {
 std::string ConfigBanco::Arquivo() {
     if (const char* p = std::getenv("ZTOLVAN_CONFIG"); p && *p) return p;
     std::string xdg;
-    if (const char* p = std::getenv("XDG_CONFIG_HOME"); p && *p) xdg = p;
-    else if (const char* h = std::getenv("HOME"); h && *h) xdg = std::string(h) + "/.config";
+    if (const char* p = std::getenv("XDG_CONFIG_HOME"); p && *p)
+        xdg = p;
+    else if (const char* h = std::getenv("HOME"); h && *h)
+        xdg = std::string(h) + "/.config";
     if (!xdg.empty()) {
         std::string f = xdg + "/veltra/conexao.ini";
         std::error_code ec;

@@ -23,13 +23,15 @@ void LerEmpresa() {
     par.Transacao = "REQUERY";
     MTBPAR();
     const std::string& st = ComunicaAtual().Status;
-    if (st != status::Ok && st != status::SemLinha) MostraMensagem("Erro não previsto - LerEmpresa = " + st, msg::OK);
+    if (st != status::Ok && st != status::SemLinha)
+        MostraMensagem("Erro não previsto - LerEmpresa = " + st, msg::OK);
 }
 
 void DefineTipoPreco() {
     Sessao& s = SessaoAtual();
     LerAjuste(Ajuste::PrecoAgrupamento);
-    if (Normaliza(s.Origem) == "C" && Val(s.TipoPrecoCompra) != 0) s.TipoPreco = CStr(Valor(Val(s.TipoPrecoCompra)));
+    if (Normaliza(s.Origem) == "C" && Val(s.TipoPrecoCompra) != 0)
+        s.TipoPreco = CStr(Valor(Val(s.TipoPrecoCompra)));
     if (Val(s.TipoPreco) == 0) s.TipoPreco = TextoDecimal(s.PrecoVenda);
 }
 

@@ -12,11 +12,11 @@ std::mutex trava;
 std::function<std::unique_ptr<TelasComponente>()> fabrica;
 
 class TelasIndisponiveis : public TelasComponente {
-public:
+  public:
     void MostraConsulta() override { Avisa("TolvanF01 (consulta de agrupamentos)"); }
     void MostraPrecos() override { Avisa("TolvanF07 (consulta de preços)"); }
 
-private:
+  private:
     static void Avisa(const std::string& tela) {
         MostraMensagem("A tela " + tela + " não está disponível neste programa.", msg::Informacao, "AVISO");
     }

@@ -9,7 +9,7 @@ namespace ztolvan {
 // installs its factory once per process; each thread gets its own instance,
 // made on first use and kept, so later calls show the same screens again.
 class TelasComponente {
-public:
+  public:
     virtual ~TelasComponente() = default;
     virtual void MostraConsulta() = 0;
     virtual void MostraPrecos() = 0;

@@ -41,7 +41,8 @@ DadosDoHost LeDadosVendas(const std::string& origem, const Valor* dados) {
     }
     d.textos[1] = CStr(v[1]);
     d.DadosVenda2 = CInt(v[2]);
-    for (size_t i = 3; i <= 6; ++i) d.textos[i] = CStr(v[i]);
+    for (size_t i = 3; i <= 6; ++i)
+        d.textos[i] = CStr(v[i]);
     return d;
 }
 
@@ -116,8 +117,8 @@ consultalista::~consultalista() {
 
 void consultalista::ZProcessa(int16_t& zEmpresa, std::string& zoperador, std::string&, int16_t& zopcao,
                               int32_t& ZCodigo, std::string& Zorigem, int32_t& Znumdoc, int16_t& Ztpmov,
-                              int16_t& Zstatusret, int16_t& zstatus, std::string& zstatusmens, Valor* ZDadosVendas,
-                              int16_t* ztipodepreco, bool*, bool*) {
+                              int16_t& Zstatusret, int16_t& zstatus, std::string& zstatusmens,
+                              Valor* ZDadosVendas, int16_t* ztipodepreco, bool*, bool*) {
     Sessao& s = SessaoAtual();
     int linha = 0;
     try {
@@ -152,8 +153,10 @@ void consultalista::ZProcessa(int16_t& zEmpresa, std::string& zoperador, std::st
         s.EmpresaPreco = Normaliza(s.CustoPrecoEmpresaOrigem) == "NAO" ? s.Empresa : s.EmpresaOrigem;
         linha = 90;
         const int16_t tipoDado = ztipodepreco ? *ztipodepreco : 0;
-        if (tipoDado > 0) s.TipoPreco = TextoDecimal(tipoDado);
-        else DefineTipoPreco();
+        if (tipoDado > 0)
+            s.TipoPreco = TextoDecimal(tipoDado);
+        else
+            DefineTipoPreco();
         linha = 100;
         LerAjuste(Ajuste::TamanhoCodigoItem);
         linha = 110;

@@ -4,6 +4,8 @@
 #include "data/modules/modulo.h"
 #include "data/modules/registros.h"
 
+// Hand-laid tables: one row a line, kept as written.
+// clang-format off
 namespace ztolvan::modulos {
 namespace {
 
@@ -167,3 +169,4 @@ const std::vector<DefinicaoModulo>& Definicoes() {
 }
 
 } // namespace ztolvan::modulos
+// clang-format on

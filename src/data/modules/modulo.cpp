@@ -53,8 +53,10 @@ std::vector<size_t> Marcadores(std::string_view texto) {
     std::vector<size_t> r;
     bool aspas = false;
     for (size_t i = 0; i < texto.size(); ++i) {
-        if (texto[i] == '\'') aspas = !aspas;
-        else if (!aspas && texto[i] == '?') r.push_back(i);
+        if (texto[i] == '\'')
+            aspas = !aspas;
+        else if (!aspas && texto[i] == '?')
+            r.push_back(i);
     }
     return r;
 }
@@ -62,11 +64,16 @@ std::vector<size_t> Marcadores(std::string_view texto) {
 // The column compared with the "?" at pos: "T1.Item  >= ?" gives "Item".
 std::string NomeAntesDe(std::string_view texto, size_t pos) {
     size_t i = pos;
-    while (i > 0 && texto[i - 1] == ' ') --i;
-    while (i > 0 && (texto[i - 1] == '=' || texto[i - 1] == '<' || texto[i - 1] == '>' || texto[i - 1] == '!')) --i;
-    while (i > 0 && texto[i - 1] == ' ') --i;
+    while (i > 0 && texto[i - 1] == ' ')
+        --i;
+    while (i > 0 &&
+           (texto[i - 1] == '=' || texto[i - 1] == '<' || texto[i - 1] == '>' || texto[i - 1] == '!'))
+        --i;
+    while (i > 0 && texto[i - 1] == ' ')
+        --i;
     size_t fim = i;
-    while (i > 0 && EhLetraDeNome(texto[i - 1])) --i;
+    while (i > 0 && EhLetraDeNome(texto[i - 1]))
+        --i;
     return std::string(texto.substr(i, fim - i));
 }
 
@@ -86,8 +93,8 @@ void ParametrosPorNome(Manipulador& m, size_t inicioChave, size_t alvoAntes, siz
 }
 
 std::string Mensagem(const DefinicaoModulo& d, std::string_view prefixo) {
-    std::string t = std::string(prefixo) + "Chamada de " +
-                    (prefixo.empty() ? "funcao" : "transacao") + " Invalida no modulo = " + d.NomeRegistro();
+    std::string t = std::string(prefixo) + "Chamada de " + (prefixo.empty() ? "funcao" : "transacao") +
+                    " Invalida no modulo = " + d.NomeRegistro();
     return d.maiusculas ? Maiusculas(t) : t;
 }
 
@@ -105,14 +112,16 @@ std::string MostraValor(const Valor& v) {
 struct Bases {
     std::array<void*, 4> p{};
     explicit Bases(const Manipulador& m) {
-        for (size_t i = 0; i < m.alvos.size() && i < p.size(); ++i) p[i] = m.alvos[i].instancia();
+        for (size_t i = 0; i < m.alvos.size() && i < p.size(); ++i)
+            p[i] = m.alvos[i].instancia();
     }
 };
 
 Valor::Lista Valores(const std::vector<Ref>& refs, const Bases& b) {
     Valor::Lista v;
     v.reserve(refs.size());
-    for (const Ref& r : refs) v.push_back(r.coluna ? r.coluna->le(b.p[r.alvo]) : Valor());
+    for (const Ref& r : refs)
+        v.push_back(r.coluna ? r.coluna->le(b.p[r.alvo]) : Valor());
     return v;
 }
 
@@ -145,8 +154,10 @@ void MoveLinha(const Manipulador& m, const Bases& b, Comunica& c) {
             r.coluna->guardaNumero(base, numeros[i]);
         } else {
             const Valor& v = c.Retorno[i];
-            if (v.eTexto()) r.coluna->guardaTexto(base, v.texto());
-            else r.coluna->guardaTexto(base, CStr(v));
+            if (v.eTexto())
+                r.coluna->guardaTexto(base, v.texto());
+            else
+                r.coluna->guardaTexto(base, CStr(v));
         }
     }
 }
@@ -193,13 +204,14 @@ void Roda(const DefinicaoModulo& d, size_t indice, RegistroModulo& reg, const st
 
 } // namespace
 
-Manipulador Seleciona(std::string funcao, std::string texto, std::vector<std::pair<std::string, Alvo>> apelidos,
-                      Alvo chave) {
+Manipulador Seleciona(std::string funcao, std::string texto,
+                      std::vector<std::pair<std::string, Alvo>> apelidos, Alvo chave) {
     Manipulador m;
     m.funcao = std::move(funcao);
     m.acao = Acao::Seleciona;
     m.texto = std::move(texto);
-    for (auto& a : apelidos) m.alvos.push_back(a.second);
+    for (auto& a : apelidos)
+        m.alvos.push_back(a.second);
     m.alvos.push_back(chave);
     const size_t alvoChave = m.alvos.size() - 1;
 
@@ -254,7 +266,8 @@ std::string SelectDe(const TabelaColunas& t, std::string_view prefixo, std::stri
 
 std::string InsertDe(std::string_view tabela, const TabelaColunas& t) {
     std::string marcadores;
-    for (size_t i = 0; i < t.colunas.size(); ++i) marcadores += i ? ", ?" : "?";
+    for (size_t i = 0; i < t.colunas.size(); ++i)
+        marcadores += i ? ", ?" : "?";
     return "INSERT INTO " + std::string(tabela) + " (" + t.Lista() + " ) VALUES (" + marcadores + " )";
 }
 

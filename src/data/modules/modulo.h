@@ -49,8 +49,8 @@ struct Manipulador {
 // A select: each select-list item "Tn.Nome" goes to the column Nome of the
 // target whose alias is Tn ("" for items without a prefix); every "?"
 // takes the key column named just before it.
-Manipulador Seleciona(std::string funcao, std::string texto, std::vector<std::pair<std::string, Alvo>> apelidos,
-                      Alvo chave);
+Manipulador Seleciona(std::string funcao, std::string texto,
+                      std::vector<std::pair<std::string, Alvo>> apelidos, Alvo chave);
 // An INSERT: the "?" take the listed columns of the record, in order.
 Manipulador Insere(std::string funcao, std::string texto, Alvo registro);
 // An UPDATE: the "?" before WHERE take record columns, those after it key columns.

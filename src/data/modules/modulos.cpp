@@ -22,13 +22,13 @@ const modulos::DefinicaoModulo* Acha(std::string_view nome) {
 
 } // namespace
 
-#define ZT_DEFINE_MODULO_(M)                                                                                     \
-    void M() { modulos::Executa(modulos::Definicoes()[i##M]); }                                                  \
+#define ZT_DEFINE_MODULO_(M)                                                                                 \
+    void M() { modulos::Executa(modulos::Definicoes()[i##M]); }                                              \
     A_##M##_t& A_##M() { return DaThread<A_##M##_t>(); }
 ZT_MODULOS(ZT_DEFINE_MODULO_)
 #undef ZT_DEFINE_MODULO_
 
-#define ZT_DEFINE_CHAVE_(M)                                                                                      \
+#define ZT_DEFINE_CHAVE_(M)                                                                                  \
     Chave##M##_t& Chave##M() { return DaThread<Chave##M##_t>(); }
 ZT_DEFINE_CHAVE_(MTBPAR)
 ZT_DEFINE_CHAVE_(MTBPNF)
@@ -70,7 +70,8 @@ std::vector<std::string> ColunasNaoResolvidas() {
     std::vector<std::string> r;
     for (const auto& d : modulos::Definicoes())
         for (const auto& m : d.manipuladores)
-            for (const auto& n : m.naoResolvidos) r.push_back(d.nome + " " + n);
+            for (const auto& n : m.naoResolvidos)
+                r.push_back(d.nome + " " + n);
     return r;
 }
 

@@ -19,13 +19,15 @@
 
 namespace ztolvan {
 
-#define ZT_MODULOS(X)                                                                                            \
-    X(MTBPAR) X(MTBPNF) X(MTBDOC) X(MTBICM) X(MTBVEN) X(MTBREP) X(MTBDOCIT) X(MTBMAT) X(MTBPEV) X(MTBPEVIT)      \
-        X(MTBPEVDC) X(MTBICMUF) X(MTBPEC) X(MTBPECIT) X(MTBCUS) X(MTBFOR) X(MTBMATEQ) X(MTBMATAG)
+#define ZT_MODULOS(X)                                                                                        \
+    X(MTBPAR)                                                                                                \
+    X(MTBPNF)                                                                                                \
+    X(MTBDOC) X(MTBICM) X(MTBVEN) X(MTBREP) X(MTBDOCIT) X(MTBMAT) X(MTBPEV) X(MTBPEVIT) X(MTBPEVDC)          \
+        X(MTBICMUF) X(MTBPEC) X(MTBPECIT) X(MTBCUS) X(MTBFOR) X(MTBMATEQ) X(MTBMATAG)
 
 // The entry and the record of each module: MTBPAR() and A_MTBPAR().
-#define ZT_DECLARA_MODULO_(M)                                                                                    \
-    void M();                                                                                                    \
+#define ZT_DECLARA_MODULO_(M)                                                                                \
+    void M();                                                                                                \
     A_##M##_t& A_##M();
 ZT_MODULOS(ZT_DECLARA_MODULO_)
 #undef ZT_DECLARA_MODULO_

@@ -23,7 +23,8 @@ std::string TabelaColunas::Lista(std::string_view prefixo) const {
 Valor::Lista TabelaColunas::Valores(const void* registro) const {
     Valor::Lista v;
     v.reserve(colunas.size());
-    for (const Coluna& c : colunas) v.push_back(c.le(registro));
+    for (const Coluna& c : colunas)
+        v.push_back(c.le(registro));
     return v;
 }
 

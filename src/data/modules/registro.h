@@ -14,7 +14,7 @@ namespace ztolvan {
 // A fixed-width text field of a record: every assignment cuts or pads to N
 // characters (UTF-8 code points), so the field always holds exactly N.
 template <size_t N> class Texto {
-public:
+  public:
     static constexpr size_t Largura = N;
 
     Texto() : v_(N, ' ') {}
@@ -37,7 +37,7 @@ public:
 
     friend bool operator==(const Texto& a, std::string_view b) { return a.v_ == b; }
 
-private:
+  private:
     std::string v_;
 };
 
@@ -148,23 +148,23 @@ struct RegistroModulo {
 #define ZT_MEMBRO_(nome, tipo) tipo nome{};
 #define ZT_COLUNA_(nome, tipo) ::ztolvan::Col<&Registro_::nome>(#nome),
 
-#define ZT_REGISTRO(Tipo, COLUNAS)                                                                              \
-    struct Tipo : ::ztolvan::RegistroModulo {                                                                    \
-        COLUNAS(ZT_MEMBRO_)                                                                                      \
-        static const ::ztolvan::TabelaColunas& Colunas();                                                       \
+#define ZT_REGISTRO(Tipo, COLUNAS)                                                                           \
+    struct Tipo : ::ztolvan::RegistroModulo {                                                                \
+        COLUNAS(ZT_MEMBRO_)                                                                                  \
+        static const ::ztolvan::TabelaColunas& Colunas();                                                    \
     };
 
-#define ZT_CHAVE(Tipo, COLUNAS)                                                                                 \
-    struct Tipo {                                                                                                \
-        COLUNAS(ZT_MEMBRO_)                                                                                      \
-        static const ::ztolvan::TabelaColunas& Colunas();                                                       \
+#define ZT_CHAVE(Tipo, COLUNAS)                                                                              \
+    struct Tipo {                                                                                            \
+        COLUNAS(ZT_MEMBRO_)                                                                                  \
+        static const ::ztolvan::TabelaColunas& Colunas();                                                    \
     };
 
-#define ZT_TABELA(Tipo, Nome, COLUNAS)                                                                          \
-    const ::ztolvan::TabelaColunas& Tipo::Colunas() {                                                           \
-        using Registro_ = Tipo;                                                                                  \
-        static const ::ztolvan::TabelaColunas t{Nome, {COLUNAS(ZT_COLUNA_)}};                                   \
-        return t;                                                                                                \
+#define ZT_TABELA(Tipo, Nome, COLUNAS)                                                                       \
+    const ::ztolvan::TabelaColunas& Tipo::Colunas() {                                                        \
+        using Registro_ = Tipo;                                                                              \
+        static const ::ztolvan::TabelaColunas t{Nome, {COLUNAS(ZT_COLUNA_)}};                                \
+        return t;                                                                                            \
     }
 
 } // namespace ztolvan

@@ -8,6 +8,8 @@
 
 #include "data/modules/registro.h"
 
+// Hand-laid tables: one row a line, kept as written.
+// clang-format off
 namespace ztolvan {
 
 // TBPAR (45 columns).
@@ -270,3 +272,4 @@ ZT_CHAVE(ChaveMTBMATAG_t, ZT_CHAVE_MTBMATAG)
 ZT_CHAVE(ChaveEquivMTBMAT_t, ZT_CHAVE_EquivMTBMAT)
 
 } // namespace ztolvan
+// clang-format on

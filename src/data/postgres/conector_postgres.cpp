@@ -30,7 +30,8 @@ Resultado Envolve(PGresult* r) { return Resultado(r, &PQclear); }
 std::string MensagemDe(PGconn* c, const PGresult* r) {
     std::string m = r ? PQresultErrorMessage(r) : "";
     if (m.empty() && c) m = PQerrorMessage(c);
-    while (!m.empty() && (m.back() == '\n' || m.back() == ' ')) m.pop_back();
+    while (!m.empty() && (m.back() == '\n' || m.back() == ' '))
+        m.pop_back();
     return m.empty() ? "Falha no servidor de banco de dados" : m;
 }
 
@@ -44,7 +45,8 @@ bool SoLe(const std::string& texto) {
     size_t i = texto.find_first_not_of(" \t\r\n(");
     if (i == std::string::npos) return true;
     size_t f = i;
-    while (f < texto.size() && std::isalpha(static_cast<unsigned char>(texto[f]))) ++f;
+    while (f < texto.size() && std::isalpha(static_cast<unsigned char>(texto[f])))
+        ++f;
     std::string palavra = Maiusculas(texto.substr(i, f - i));
     return palavra == "SELECT" || palavra == "VALUES" || palavra == "SHOW" || palavra == "TABLE" ||
            palavra == "EXPLAIN";
@@ -60,8 +62,8 @@ Valor Coluna(const PGresult* r, int linha, int col) {
     case 21: // int2
     case 23: // int4
         return Valor(static_cast<int64_t>(std::strtoll(v, nullptr, 10)));
-    case 700: // float4
-    case 701: // float8
+    case 700:  // float4
+    case 701:  // float8
     case 1700: // numeric
         return Valor(std::strtod(v, nullptr));
     default:
@@ -112,8 +114,8 @@ std::string ConectorPostgres::Numera(const std::string& texto, int& parametros) 
 
 ConectorPostgres::~ConectorPostgres() { Desconecta(); }
 
-bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
-                               const std::string& Senha, std::string& msg) {
+bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& Banco,
+                               const std::string& Usuario, const std::string& Senha, std::string& msg) {
     std::string host = Apara(Servidor), porta;
     if (size_t p = host.rfind(':'); p != std::string::npos && host.find(':') == p) {
         porta = host.substr(p + 1);
@@ -145,7 +147,8 @@ bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& B
         return false;
     }
     // Server notices (a cascade, an implicit index) are not the operator's business.
-    PQsetNoticeProcessor(conn_, [](void*, const char*) {}, nullptr);
+    PQsetNoticeProcessor(
+        conn_, [](void*, const char*) {}, nullptr);
     ++geracao_;
     emUnidade_ = false;
     return true;
@@ -235,8 +238,8 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
     }
     auto r = Envolve(c.avulso ? PQexecParams(conn_, c.texto.c_str(), static_cast<int>(ptrs.size()), nullptr,
                                              ptrs.data(), nullptr, nullptr, 0)
-                              : PQexecPrepared(conn_, c.nome.c_str(), static_cast<int>(ptrs.size()), ptrs.data(),
-                                               nullptr, nullptr, 0));
+                              : PQexecPrepared(conn_, c.nome.c_str(), static_cast<int>(ptrs.size()),
+                                               ptrs.data(), nullptr, nullptr, 0));
     ExecStatusType est = PQresultStatus(r.get());
     if (c.avulso) c.consulta = est == PGRES_TUPLES_OK;
     if (est != PGRES_TUPLES_OK && est != PGRES_COMMAND_OK) {
@@ -246,12 +249,14 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
     if (est == PGRES_TUPLES_OK) {
         const int nlin = PQntuples(r.get()), ncol = PQnfields(r.get());
         if (comColunas)
-            for (int j = 0; j < ncol; ++j) tabela.colunas.emplace_back(PQfname(r.get(), j));
+            for (int j = 0; j < ncol; ++j)
+                tabela.colunas.emplace_back(PQfname(r.get(), j));
         tabela.linhas.reserve(static_cast<size_t>(nlin));
         for (int i = 0; i < nlin; ++i) {
             Valor::Lista linha;
             linha.reserve(static_cast<size_t>(ncol));
-            for (int j = 0; j < ncol; ++j) linha.push_back(Coluna(r.get(), i, j));
+            for (int j = 0; j < ncol; ++j)
+                linha.push_back(Coluna(r.get(), i, j));
             tabela.linhas.push_back(std::move(linha));
         }
     }

@@ -12,14 +12,14 @@ namespace ztolvan {
 // inside a unit is undone alone (through a savepoint) so that, as on the
 // suite's server, the unit's earlier changes stay pending.
 class ConectorPostgres : public ConectorComum {
-public:
+  public:
     ~ConectorPostgres() override;
     const char* Tipo() const override { return "SERVIDOR"; }
 
     // "?" placeholders outside quoted literals and identifiers become $1, $2 ...
     static std::string Numera(const std::string& texto, int& parametros);
 
-protected:
+  protected:
     bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
                  const std::string& Senha, std::string& msg) override;
     void Desconecta() override;
@@ -30,7 +30,7 @@ protected:
     std::string Confirma(std::string& msg) override;
     std::string Desfaz(std::string& msg) override;
 
-private:
+  private:
     struct ComandoPg;
     bool Disponivel(std::string& msg);
     bool PreparaNoServidor(ComandoPg& c, std::string& msg);

@@ -11,9 +11,11 @@
 #include "data/modules/modulo.h"
 #include "data/modules/registros.h"
 #include "data/schema/esquema.h"
-#include "data/seguranca/senha.h"
 #include "data/schema/executa_texto.h"
+#include "data/seguranca/senha.h"
 
+// Hand-laid tables: one row a line, kept as written.
+// clang-format off
 namespace ztolvan {
 namespace {
 
@@ -708,3 +710,4 @@ bool SemeiaDemo(std::string& msg) {
 }
 
 } // namespace ztolvan
+// clang-format on

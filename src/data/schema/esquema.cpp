@@ -49,9 +49,16 @@ const std::vector<Tabela>& Tabelas() {
         {"TBCUS", &A_MTBCUS_t::Colunas, {}, {"Empresa", "CodMat", "CodFor"}},
         {"TBFOR", &A_MTBFOR_t::Colunas, {}, {"EMPRESA", "CODFORN"}},
         {"TBMATTP", nullptr, {{"TIPO", T::Int16}, {"DESCRICAO", T::Texto}}, {"TIPO"}},
-        {"TBREGSRV", nullptr,
-         {{"usuario", T::Texto}, {"chave", T::Texto}, {"valor", T::Texto}, {"dtinc", T::Texto},
-          {"hrinc", T::Texto}, {"dtatu", T::Texto}, {"hratu", T::Texto}, {"usuarioatu", T::Texto},
+        {"TBREGSRV",
+         nullptr,
+         {{"usuario", T::Texto},
+          {"chave", T::Texto},
+          {"valor", T::Texto},
+          {"dtinc", T::Texto},
+          {"hrinc", T::Texto},
+          {"dtatu", T::Texto},
+          {"hratu", T::Texto},
+          {"usuarioatu", T::Texto},
           {"usuarioinc", T::Texto}},
          {"usuario", "chave"}},
     };
@@ -94,11 +101,14 @@ std::string CreateTable(const Tabela& t, Dialeto d) {
         for (const char* k : t.chave)
             if (IguaisSemCaixa(k, nome)) s += " NOT NULL";
     };
-    for (const auto& c : t.proprias) poe(c.nome, c.tipo);
+    for (const auto& c : t.proprias)
+        poe(c.nome, c.tipo);
     if (t.registro)
-        for (const auto& c : t.registro().colunas) poe(c.nome, c.tipo);
+        for (const auto& c : t.registro().colunas)
+            poe(c.nome, c.tipo);
     s += ", PRIMARY KEY (";
-    for (size_t i = 0; i < t.chave.size(); ++i) s += (i ? ", " : "") + std::string(t.chave[i]);
+    for (size_t i = 0; i < t.chave.size(); ++i)
+        s += (i ? ", " : "") + std::string(t.chave[i]);
     return s + "))";
 }
 
@@ -124,18 +134,23 @@ std::vector<std::string> FuncoesPostgres() {
 
 std::vector<std::string> Monta(Dialeto d) {
     std::vector<std::string> v;
-    for (const Tabela& t : Tabelas()) v.push_back(CreateTable(t, d));
-    for (const char* i : Indices) v.push_back(i);
+    for (const Tabela& t : Tabelas())
+        v.push_back(CreateTable(t, d));
+    for (const char* i : Indices)
+        v.push_back(i);
     if (d == Dialeto::Postgres)
-        for (auto& f : FuncoesPostgres()) v.push_back(std::move(f));
-    for (auto& s : DdlSeguranca(d == Dialeto::Postgres)) v.push_back(std::move(s));
+        for (auto& f : FuncoesPostgres())
+            v.push_back(std::move(f));
+    for (auto& s : DdlSeguranca(d == Dialeto::Postgres))
+        v.push_back(std::move(s));
     return v;
 }
 
 } // namespace
 
 const std::vector<std::string>& TextosEsquema(Dialeto d) {
-    static const std::vector<std::string> sqlite = Monta(Dialeto::Sqlite), postgres = Monta(Dialeto::Postgres);
+    static const std::vector<std::string> sqlite = Monta(Dialeto::Sqlite),
+                                          postgres = Monta(Dialeto::Postgres);
     return d == Dialeto::Sqlite ? sqlite : postgres;
 }
 

@@ -7,19 +7,19 @@ namespace ztolvan {
 // The authorisation dialog: asks who authorises an operation and that
 // operator's password. Called on the checking thread.
 class PortaAutorizacao {
-public:
+  public:
     virtual ~PortaAutorizacao() = default;
     // False when the operator gave up (Esc, Cancel); Autorizador and Senha
     // then mean nothing.
     virtual bool PedeAutorizacao(const std::string& Programa, const std::string& Funcao,
-                                 const std::string& Operador, const std::string& Texto, std::string& Autorizador,
-                                 std::string& Senha) = 0;
+                                 const std::string& Operador, const std::string& Texto,
+                                 std::string& Autorizador, std::string& Senha) = 0;
 };
 
 // Where no dialog can be shown: nobody authorises, so only operators who
 // hold the right pass.
 class AutorizacaoSemDialogo : public PortaAutorizacao {
-public:
+  public:
     bool PedeAutorizacao(const std::string&, const std::string&, const std::string&, const std::string&,
                          std::string&, std::string&) override {
         return false;
@@ -32,7 +32,7 @@ struct AutorizacaoPedida {
 
 // Gives the same answer every time and keeps what it was asked.
 class AutorizacaoFixa : public PortaAutorizacao {
-public:
+  public:
     AutorizacaoFixa() = default;
     AutorizacaoFixa(std::string autorizador, std::string senha)
         : autorizador(std::move(autorizador)), senha(std::move(senha)) {}

@@ -22,9 +22,11 @@ std::string Literal(const std::string& texto, size_t largura) {
     return "'" + DobraAspas(Esquerda(Normaliza(texto), largura)) + "'";
 }
 
-std::string CondicaoDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao) {
+std::string CondicaoDireito(const std::string& Operador, const std::string& Programa,
+                            const std::string& Funcao) {
     return " WHERE OPERADOR = " + Literal(Operador, LarguraOperador) +
-           " AND PROGRAMA = " + Literal(Programa, LarguraPrograma) + " AND FUNCAO = " + Literal(Funcao, LarguraFuncao);
+           " AND PROGRAMA = " + Literal(Programa, LarguraPrograma) +
+           " AND FUNCAO = " + Literal(Funcao, LarguraFuncao);
 }
 
 ResultadoComando Roda(const std::string& sql) {
@@ -67,8 +69,9 @@ bool Altera(const std::string& sql, std::string& Msg) {
 }
 
 std::string HashDe(const std::string& Operador) {
-    Valor v = Primeiro("SELECT SENHAHASH FROM TBSEGOPERADOR WHERE OPERADOR = " + Literal(Operador, LarguraOperador),
-                       "SENHAHASH");
+    Valor v =
+        Primeiro("SELECT SENHAHASH FROM TBSEGOPERADOR WHERE OPERADOR = " + Literal(Operador, LarguraOperador),
+                 "SENHAHASH");
     return v.eTexto() ? v.texto() : std::string();
 }
 
@@ -77,9 +80,11 @@ std::string HashDe(const std::string& Operador) {
 std::vector<std::string> DdlSeguranca(bool postgres) {
     const std::string inteiroCurto = postgres ? "SMALLINT" : "INTEGER";
     return {
-        "CREATE TABLE IF NOT EXISTS TBSEGOPERADOR (OPERADOR VARCHAR(30) NOT NULL, SENHAHASH VARCHAR(255) NOT NULL, "
+        "CREATE TABLE IF NOT EXISTS TBSEGOPERADOR (OPERADOR VARCHAR(30) NOT NULL, SENHAHASH VARCHAR(255) NOT "
+        "NULL, "
         "PRIMARY KEY (OPERADOR))",
-        "CREATE TABLE IF NOT EXISTS TBSEGDIREITO (OPERADOR VARCHAR(30) NOT NULL, PROGRAMA VARCHAR(20) NOT NULL, "
+        "CREATE TABLE IF NOT EXISTS TBSEGDIREITO (OPERADOR VARCHAR(30) NOT NULL, PROGRAMA VARCHAR(20) NOT "
+        "NULL, "
         "FUNCAO VARCHAR(20) NOT NULL, PERMITE " +
             inteiroCurto +
             " NOT NULL DEFAULT 0 CHECK (PERMITE IN (0, 1)), PRIMARY KEY (OPERADOR, PROGRAMA, FUNCAO))",
@@ -111,7 +116,8 @@ bool CriaTabelasSeguranca(std::string& Msg) {
 bool TemDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao) {
     try {
         if (Apara(Operador).empty()) return false;
-        Valor v = Primeiro("SELECT PERMITE FROM TBSEGDIREITO" + CondicaoDireito(Operador, Programa, Funcao), "PERMITE");
+        Valor v = Primeiro("SELECT PERMITE FROM TBSEGDIREITO" + CondicaoDireito(Operador, Programa, Funcao),
+                           "PERMITE");
         return !v.vazio() && CLng(v) != 0;
     } catch (...) {
         return false;
@@ -129,9 +135,9 @@ bool GravaOperadorSeguranca(const std::string& Operador, const std::string& Senh
             Msg = "Senha em branco ou inválida";
             return false;
         }
-        return Altera("INSERT INTO TBSEGOPERADOR (OPERADOR, SENHAHASH) VALUES (" + Literal(Operador, LarguraOperador) +
-                          ", '" + DobraAspas(hash) + "') ON CONFLICT (OPERADOR) DO UPDATE SET SENHAHASH = " +
-                          "excluded.SENHAHASH",
+        return Altera("INSERT INTO TBSEGOPERADOR (OPERADOR, SENHAHASH) VALUES (" +
+                          Literal(Operador, LarguraOperador) + ", '" + DobraAspas(hash) +
+                          "') ON CONFLICT (OPERADOR) DO UPDATE SET SENHAHASH = " + "excluded.SENHAHASH",
                       Msg);
     } catch (const std::exception& e) {
         Msg = e.what();
@@ -139,18 +145,19 @@ bool GravaOperadorSeguranca(const std::string& Operador, const std::string& Senh
     }
 }
 
-bool GravaDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao, bool Permite,
-                  std::string& Msg) {
+bool GravaDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao,
+                  bool Permite, std::string& Msg) {
     try {
         if (Apara(Operador).empty()) {
             Msg = "Operador em branco";
             return false;
         }
-        return Altera("INSERT INTO TBSEGDIREITO (OPERADOR, PROGRAMA, FUNCAO, PERMITE) VALUES (" +
-                          Literal(Operador, LarguraOperador) + ", " + Literal(Programa, LarguraPrograma) + ", " +
-                          Literal(Funcao, LarguraFuncao) + ", " + (Permite ? "1" : "0") +
-                          ") ON CONFLICT (OPERADOR, PROGRAMA, FUNCAO) DO UPDATE SET PERMITE = excluded.PERMITE",
-                      Msg);
+        return Altera(
+            "INSERT INTO TBSEGDIREITO (OPERADOR, PROGRAMA, FUNCAO, PERMITE) VALUES (" +
+                Literal(Operador, LarguraOperador) + ", " + Literal(Programa, LarguraPrograma) + ", " +
+                Literal(Funcao, LarguraFuncao) + ", " + (Permite ? "1" : "0") +
+                ") ON CONFLICT (OPERADOR, PROGRAMA, FUNCAO) DO UPDATE SET PERMITE = excluded.PERMITE",
+            Msg);
     } catch (const std::exception& e) {
         Msg = e.what();
         return false;
@@ -158,8 +165,8 @@ bool GravaDireito(const std::string& Operador, const std::string& Programa, cons
 }
 
 void SegurancaBanco::ZProcessa(int16_t Codigo, const std::string& Programa, const std::string& Funcao,
-                               std::string& OperadorCopia, int16_t& Resultado, const std::string& TextoPassado,
-                               const std::string&) {
+                               std::string& OperadorCopia, int16_t& Resultado,
+                               const std::string& TextoPassado, const std::string&) {
     Resultado = seguranca::Recusado;
     try {
         if (TemDireito(OperadorCopia, Programa, Funcao)) {
@@ -168,7 +175,8 @@ void SegurancaBanco::ZProcessa(int16_t Codigo, const std::string& Programa, cons
         }
         if (Codigo == seguranca::SoConsulta || !autorizacao_) return;
         std::string autorizador, senha;
-        if (!autorizacao_->PedeAutorizacao(Programa, Funcao, OperadorCopia, TextoPassado, autorizador, senha)) return;
+        if (!autorizacao_->PedeAutorizacao(Programa, Funcao, OperadorCopia, TextoPassado, autorizador, senha))
+            return;
         if (!TemDireito(autorizador, Programa, Funcao) || !ConfereSenha(senha, HashDe(autorizador))) return;
         Resultado = seguranca::Autorizado;
         OperadorCopia = Apara(autorizador);
@@ -178,7 +186,9 @@ void SegurancaBanco::ZProcessa(int16_t Codigo, const std::string& Programa, cons
 }
 
 FabricaSeguranca FabricaSegurancaBanco(std::shared_ptr<PortaAutorizacao> autorizacao) {
-    return [autorizacao]() -> std::shared_ptr<PortaSeguranca> { return std::make_shared<SegurancaBanco>(autorizacao); };
+    return [autorizacao]() -> std::shared_ptr<PortaSeguranca> {
+        return std::make_shared<SegurancaBanco>(autorizacao);
+    };
 }
 
 } // namespace ztolvan

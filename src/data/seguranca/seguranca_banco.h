@@ -21,13 +21,14 @@ namespace ztolvan {
 // a refusal. It only reads, so a check in the middle of a unit of change
 // neither commits nor disturbs it, and it leaves Comunica as it was.
 class SegurancaBanco : public PortaSeguranca {
-public:
-    explicit SegurancaBanco(std::shared_ptr<PortaAutorizacao> autorizacao) : autorizacao_(std::move(autorizacao)) {}
+  public:
+    explicit SegurancaBanco(std::shared_ptr<PortaAutorizacao> autorizacao)
+        : autorizacao_(std::move(autorizacao)) {}
     void ZProcessa(int16_t Codigo, const std::string& Programa, const std::string& Funcao,
                    std::string& OperadorCopia, int16_t& Resultado, const std::string& TextoPassado,
                    const std::string& TextoSobrepoe) override;
 
-private:
+  private:
     std::shared_ptr<PortaAutorizacao> autorizacao_;
 };
 
@@ -48,7 +49,7 @@ bool TemDireito(const std::string& Operador, const std::string& Programa, const 
 // back when it fails, so call it outside generation. An empty password is
 // refused.
 bool GravaOperadorSeguranca(const std::string& Operador, const std::string& Senha, std::string& Msg);
-bool GravaDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao, bool Permite,
-                  std::string& Msg);
+bool GravaDireito(const std::string& Operador, const std::string& Programa, const std::string& Funcao,
+                  bool Permite, std::string& Msg);
 
 } // namespace ztolvan

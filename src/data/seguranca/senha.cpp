@@ -37,7 +37,8 @@ bool ConfereSenha(const std::string& Senha, const std::string& Hash) {
     if (h.size() != Hash.size()) return false;
     // Every character is compared, so the time taken tells nothing.
     unsigned char diferenca = 0;
-    for (size_t i = 0; i < h.size(); ++i) diferenca |= static_cast<unsigned char>(h[i] ^ Hash[i]);
+    for (size_t i = 0; i < h.size(); ++i)
+        diferenca |= static_cast<unsigned char>(h[i] ^ Hash[i]);
     return diferenca == 0;
 }
 

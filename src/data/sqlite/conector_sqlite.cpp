@@ -40,7 +40,8 @@ std::string ConectorSqlite::TraduzDialeto(const std::string& texto) {
             !IguaisSemCaixa(std::string_view(r).substr(i, 6), "ISNULL"))
             continue;
         size_t j = i + 6;
-        while (j < r.size() && std::isspace(static_cast<unsigned char>(r[j]))) ++j;
+        while (j < r.size() && std::isspace(static_cast<unsigned char>(r[j])))
+            ++j;
         if (j < r.size() && r[j] == '(') {
             r.replace(i, 6, "IFNULL");
             i += 5;
@@ -77,7 +78,8 @@ int Liga(sqlite3_stmt* st, int i, const Valor& v) {
     case Valor::Tipo::Logico:
         return sqlite3_bind_int(st, i, v.logico() ? 1 : 0);
     case Valor::Tipo::Texto:
-        return sqlite3_bind_text(st, i, v.texto().data(), static_cast<int>(v.texto().size()), SQLITE_TRANSIENT);
+        return sqlite3_bind_text(st, i, v.texto().data(), static_cast<int>(v.texto().size()),
+                                 SQLITE_TRANSIENT);
     case Valor::Tipo::Lista:
         break;
     }
@@ -109,7 +111,8 @@ bool ConectorSqlite::Conecta(const std::string&, const std::string& Banco, const
     }
     int rc = sqlite3_open_v2(Banco.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (rc != SQLITE_OK) {
-        msg = "Não foi possível abrir o banco " + Banco + ": " + (db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc));
+        msg = "Não foi possível abrir o banco " + Banco + ": " +
+              (db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc));
         Desconecta();
         return false;
     }
@@ -118,7 +121,8 @@ bool ConectorSqlite::Conecta(const std::string&, const std::string& Banco, const
     std::string erro;
     if (Simples("PRAGMA journal_mode=WAL", erro) != status::Ok ||
         Simples("PRAGMA synchronous=FULL", erro) != status::Ok) {
-        msg = "Não foi possível preparar o banco " + Banco + ": " + (erro.empty() ? sqlite3_errmsg(db_) : erro);
+        msg =
+            "Não foi possível preparar o banco " + Banco + ": " + (erro.empty() ? sqlite3_errmsg(db_) : erro);
         Desconecta();
         return false;
     }
@@ -191,13 +195,15 @@ std::string ConectorSqlite::Executa(Comando& comando, const Valor::Lista& valore
     const int ncol = sqlite3_column_count(st);
     if (comColunas) {
         tabela.colunas.clear();
-        for (int i = 0; i < ncol; ++i) tabela.colunas.emplace_back(sqlite3_column_name(st, i));
+        for (int i = 0; i < ncol; ++i)
+            tabela.colunas.emplace_back(sqlite3_column_name(st, i));
     }
     int rc;
     while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
         Valor::Lista linha;
         linha.reserve(static_cast<size_t>(ncol));
-        for (int i = 0; i < ncol; ++i) linha.push_back(Coluna(st, i));
+        for (int i = 0; i < ncol; ++i)
+            linha.push_back(Coluna(st, i));
         tabela.linhas.push_back(std::move(linha));
     }
     std::string r = rc == SQLITE_DONE ? status::Ok : Falha(rc, msg);

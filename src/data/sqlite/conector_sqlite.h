@@ -10,7 +10,7 @@ namespace ztolvan {
 // file wait for each other, ISNULL(a, b) run as IFNULL, and every unit of
 // change opened with BEGIN IMMEDIATE.
 class ConectorSqlite : public ConectorComum {
-public:
+  public:
     ~ConectorSqlite() override;
     const char* Tipo() const override { return "ACCESS"; }
 
@@ -21,7 +21,7 @@ public:
     // The suite's dialect in SQLite's words: ISNULL(a, b) becomes IFNULL(a, b).
     static std::string TraduzDialeto(const std::string& texto);
 
-protected:
+  protected:
     bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
                  const std::string& Senha, std::string& msg) override;
     void Desconecta() override;
@@ -32,7 +32,7 @@ protected:
     std::string Confirma(std::string& msg) override;
     std::string Desfaz(std::string& msg) override;
 
-private:
+  private:
     struct ComandoSqlite;
     std::string Simples(const char* sql, std::string& msg);
     std::string Falha(int rc, std::string& msg);

@@ -50,7 +50,8 @@ const Definicao& Definicao_(Ajuste a) {
         {Ajuste::DescontoCascata, "DESCONTO CASCATA", Valor("NAO"), Tipo::SimNao, &Sessao::DescontoCascata},
         {Ajuste::CobraICMSSubstituto, "COBRA ICMS SUBSTITUTO", Valor("SIM"), Tipo::SimNao,
          &Sessao::CobraICMSSubstituto},
-        {Ajuste::ICMSAntecipado, "ICMS Antecipado", Valor("NAO"), Tipo::SimNao, &Sessao::ICMSAntecipado, true},
+        {Ajuste::ICMSAntecipado, "ICMS Antecipado", Valor("NAO"), Tipo::SimNao, &Sessao::ICMSAntecipado,
+         true},
         {Ajuste::ImpressoraMatricial, "IMPRESSORA MATRICIAL", Valor("NAO"), Tipo::SimNao,
          &Sessao::ImpressoraMatricial},
     };
@@ -75,9 +76,10 @@ std::string Registro_Consultar_Dados(const std::string& Usuario, const std::stri
     Comunica& c = ComunicaAtual();
     c.Cursor = 0;
     c.Transacao = "REQUERY";
-    c.Dados = std::string("SELECT usuario, chave, valor, dtinc, hrinc, dtatu, hratu, usuarioatu, usuarioinc") +
-              " FROM TBREGSRV WHERE usuario = '" + DobraAspas(Apara(Usuario)) + "'" + " AND chave = '" +
-              DobraAspas(Apara(Chave)) + "'";
+    c.Dados =
+        std::string("SELECT usuario, chave, valor, dtinc, hrinc, dtatu, hratu, usuarioatu, usuarioinc") +
+        " FROM TBREGSRV WHERE usuario = '" + DobraAspas(Apara(Usuario)) + "'" + " AND chave = '" +
+        DobraAspas(Apara(Chave)) + "'";
     ExecutaComunica();
     std::string valor;
     if (c.Status == status::Ok) {
@@ -117,9 +119,9 @@ void LerAjuste(Ajuste a) {
             // A stored value that is not a 16-bit number: the default serves,
             // and the log says which setting to mend.
             s.*(*campo) = CInt(d.padrao);
-            Registra("LerConfiguracao", std::string("Configuração \"") + d.chave + "\" com valor inválido \"" +
-                                            CStr(v) + "\" (" + e.Descricao() + "); usado o padrão " +
-                                            CStr(d.padrao));
+            Registra("LerConfiguracao", std::string("Configuração \"") + d.chave +
+                                            "\" com valor inválido \"" + CStr(v) + "\" (" + e.Descricao() +
+                                            "); usado o padrão " + CStr(d.padrao));
         }
     } else {
         s.*std::get<std::string Sessao::*>(d.campo) = CStr(v);
