@@ -9,47 +9,30 @@ using namespace ztolvan::teste;
 
 namespace {
 
-std::string Converte(const std::string& d, const std::string& de, const std::string& para) {
-    return fcRetornaDataNoFormatoDesejado(d, de, para);
-}
-
-TEST(ReformataData, DeAnoMesDiaParaDiaMesAnoComBarras) {
-    EXPECT_EQ(Converte("20240131", "YYYYMMDD", "DD/MM/YYYY"), "31/01/2024");
-}
-
-TEST(ReformataData, AnoDeDoisDigitosGanhaOSeculo20) {
-    EXPECT_EQ(Converte("310124", "DDMMYY", "YYYYMMDD"), "20240131");
-}
-
-TEST(ReformataData, ComprimentoErradoDaVazioParaQualquerDestino) {
+TEST(ReformataData, SoMoveCaracteresDeFormatoEmFormatoSemValidar) {
+    const struct {
+        const char *data, *de, *para, *esperado;
+    } casos[] = {
+        {"20240131", "YYYYMMDD", "DD/MM/YYYY", "31/01/2024"},
+        {"310124", "DDMMYY", "YYYYMMDD", "20240131"}, // two-digit years are the 2000s
+        {"05/11/2023", "DD/MM/YYYY", "YYYY/MM/DD", "2023/11/05"},
+        {"05112023", "DDMMYYYY", "YYYYMMDD", "20231105"},
+        {"20231105", "YYYYMMDD", "DDMMYYYY", "05112023"},
+        {"20240131", "yyyymmdd", "dd/mm/yyyy", "31/01/2024"}, // formats in any case
+        {"20241399", "YYYYMMDD", "DD/MM/YYYY", "99/13/2024"}, // no date check
+        {"20240131", "YYYYMMDD", "MM/DD/YYYY", ""},           // unknown target
+        {"20240131", "MMDDYYYY", "DD/MM/YYYY", "//"},         // unknown source: empty parts
+        {"20240131", "MMDDYYYY", "YYYYMMDD", ""},
+        // A length that does not match the source gives nothing.
+        {"1/2/2024", "DD/MM/YYYY", "YYYYMMDD", ""},
+        {"3101202", "DDMMYYYY", "YYYYMMDD", ""},
+        {"31012", "DDMMYY", "YYYYMMDD", ""},
+    };
+    for (const auto& k : casos)
+        EXPECT_EQ(fcRetornaDataNoFormatoDesejado(k.data, k.de, k.para), k.esperado)
+            << k.data << " " << k.de << " -> " << k.para;
     for (const char* para : {"YYYYMMDD", "YYYY/MM/DD", "DDMMYYYY", "DD/MM/YYYY", "XYZ"})
-        EXPECT_EQ(Converte("2024-01-31", "YYYYMMDD", para), "") << para;
-    EXPECT_EQ(Converte("1/2/2024", "DD/MM/YYYY", "YYYYMMDD"), "");
-    EXPECT_EQ(Converte("3101202", "DDMMYYYY", "YYYYMMDD"), "");
-    EXPECT_EQ(Converte("31012", "DDMMYY", "YYYYMMDD"), "");
-}
-
-TEST(ReformataData, CadaOrigemSeparaNasSuasPosicoes) {
-    EXPECT_EQ(Converte("05/11/2023", "DD/MM/YYYY", "YYYY/MM/DD"), "2023/11/05");
-    EXPECT_EQ(Converte("05112023", "DDMMYYYY", "YYYYMMDD"), "20231105");
-    EXPECT_EQ(Converte("20231105", "YYYYMMDD", "DDMMYYYY"), "05112023");
-}
-
-TEST(ReformataData, FormatosValemEmQualquerCaixa) {
-    EXPECT_EQ(Converte("20240131", "yyyymmdd", "dd/mm/yyyy"), "31/01/2024");
-}
-
-TEST(ReformataData, DestinoDesconhecidoDaVazio) {
-    EXPECT_EQ(Converte("20240131", "YYYYMMDD", "MM/DD/YYYY"), "");
-}
-
-TEST(ReformataData, OrigemDesconhecidaDeixaAsPartesVazias) {
-    EXPECT_EQ(Converte("20240131", "MMDDYYYY", "DD/MM/YYYY"), "//");
-    EXPECT_EQ(Converte("20240131", "MMDDYYYY", "YYYYMMDD"), "");
-}
-
-TEST(ReformataData, SoMoveCaracteresSemValidar) {
-    EXPECT_EQ(Converte("20241399", "YYYYMMDD", "DD/MM/YYYY"), "99/13/2024");
+        EXPECT_EQ(fcRetornaDataNoFormatoDesejado("2024-01-31", "YYYYMMDD", para), "") << para;
 }
 
 class Relogio : public ::testing::Test {
@@ -58,14 +41,11 @@ protected:
     void TearDown() override { Contexto::Renova(); }
 };
 
-TEST_F(Relogio, HojeEAgoraVemDoRelogioDaThread) {
+TEST_F(Relogio, HojeAgoraEDiaDaSemanaVemDoRelogioDaThread) {
     ParaORelogio(2024, 3, 5, 7, 8, 9);
     EXPECT_EQ(HojeAAAAMMDD(), "20240305");
     EXPECT_EQ(AgoraHHMMSS(), "070809");
     EXPECT_EQ(DataHoraTexto(Agora()), "05/03/2024 07:08:09");
-}
-
-TEST_F(Relogio, DiaDaSemanaComecaNoDomingo) {
     ParaORelogio(2024, 1, 28); // a Sunday
     EXPECT_EQ(Agora().DiaDaSemana, 1);
     ParaORelogio(2024, 2, 3); // a Saturday

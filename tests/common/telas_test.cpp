@@ -23,21 +23,14 @@ protected:
 TEST_F(Telas, MantemNoTopoLigaEDesligaATelaPedida) {
     EXPECT_TRUE(MantemNoTopo(&tela, true));
     EXPECT_TRUE(MantemNoTopo(&tela, false));
+    EXPECT_FALSE(MantemNoTopo(nullptr, true)) << "no screen: nothing asked";
     ASSERT_EQ(telas->chamadas.size(), 2u);
     EXPECT_EQ(telas->chamadas[0].Operacao, "NoTopo");
     EXPECT_EQ(telas->chamadas[0].Tela, &tela);
     EXPECT_TRUE(telas->chamadas[0].Ligar);
     EXPECT_FALSE(telas->chamadas[1].Ligar);
-}
-
-TEST_F(Telas, MantemNoTopoFalsoQuandoOSistemaDeJanelasRecusa) {
     telas->aceitaNoTopo = false;
-    EXPECT_FALSE(MantemNoTopo(&tela, true));
-}
-
-TEST_F(Telas, SemTelaNadaEPedido) {
-    EXPECT_FALSE(MantemNoTopo(nullptr, true));
-    EXPECT_TRUE(telas->chamadas.empty());
+    EXPECT_FALSE(MantemNoTopo(&tela, true)) << "the window system refused";
 }
 
 TEST_F(Telas, EventosEBipeVaoPelaPorta) {
