@@ -61,46 +61,38 @@ TEST_P(SegurancaNoBanco, ComODireitoPassaSemDialogo) {
     EXPECT_EQ(operador, "JOAO");
 }
 
-TEST_P(SegurancaNoBanco, SemODireitoPedeEAutorizadorComSenhaCertaLibera) {
+TEST_P(SegurancaNoBanco, SemODireitoSoQuemOTemComASenhaCertaLibera) {
     EXPECT_EQ(Checa("maria", "s3nha"), seguranca::Autorizado);
     ASSERT_EQ(dialogo->pedidas.size(), 1u);
     EXPECT_EQ(dialogo->pedidas[0].Operador, "JOAO");
     EXPECT_EQ(dialogo->pedidas[0].Programa, "PJVELPEV");
     EXPECT_EQ(dialogo->pedidas[0].Funcao, "DISPON");
     EXPECT_EQ(operador, "maria");
+    // A wrong password, someone denied this right, someone unknown.
+    for (auto [quem, senha] : {std::pair{"MARIA", "errada"}, {"PEDRO", "outra"}, {"NINGUEM", "s3nha"}}) {
+        operador = "JOAO";
+        EXPECT_EQ(Checa(quem, senha), seguranca::Recusado) << quem;
+        EXPECT_EQ(operador, "JOAO");
+    }
 }
 
-TEST_P(SegurancaNoBanco, SenhaErradaRecusaEOperadorFica) {
-    EXPECT_EQ(Checa("MARIA", "errada"), seguranca::Recusado);
-    EXPECT_EQ(operador, "JOAO");
-}
-
-TEST_P(SegurancaNoBanco, AutorizadorSemODireitoRecusaMesmoComSenhaCerta) {
-    EXPECT_EQ(Checa("PEDRO", "outra"), seguranca::Recusado);
-    EXPECT_EQ(Checa("NINGUEM", "s3nha"), seguranca::Recusado);
-}
-
-TEST_P(SegurancaNoBanco, DialogoAbandonadoRecusa) {
+TEST_P(SegurancaNoBanco, DialogoAbandonadoOuSoConsultaRecusa) {
     dialogo->responde = false;
     EXPECT_EQ(Checa("MARIA", "s3nha"), seguranca::Recusado);
-}
-
-TEST_P(SegurancaNoBanco, SoConsultaNaoAbreDialogo) {
+    dialogo->responde = true;
+    dialogo->pedidas.clear();
     EXPECT_EQ(Checa("MARIA", "s3nha", seguranca::SoConsulta), seguranca::Recusado);
-    EXPECT_TRUE(dialogo->pedidas.empty());
+    EXPECT_TRUE(dialogo->pedidas.empty()) << "a query only never opens the dialog";
 }
 
-TEST_P(SegurancaNoBanco, DireitoEOutroProgramaOuFuncaoNaoValem) {
+TEST_P(SegurancaNoBanco, DireitoEDoProgramaEDaFuncaoComNomesAparadosESemCaixa) {
+    std::string msg;
+    ASSERT_TRUE(GravaDireito("  joão ", "pjvelpev", "dispon", true, msg)) << msg;
+    EXPECT_TRUE(TemDireito("JOÃO", "PJVELPEV", "DISPON"));
     EXPECT_TRUE(TemDireito("PEDRO", "PJVELPEV", "DESCONTO"));
     EXPECT_FALSE(TemDireito("PEDRO", "PJVELPEV", "DISPON"));
     EXPECT_FALSE(TemDireito("MARIA", "OUTRO", "DISPON"));
     EXPECT_FALSE(TemDireito("", "PJVELPEV", "DISPON"));
-}
-
-TEST_P(SegurancaNoBanco, NomesComparamAparadosESemCaixa) {
-    std::string msg;
-    ASSERT_TRUE(GravaDireito("  joão ", "pjvelpev", "dispon", true, msg)) << msg;
-    EXPECT_TRUE(TemDireito("JOÃO", "PJVELPEV", "DISPON"));
 }
 
 TEST_P(SegurancaNoBanco, RegravarTrocaSenhaEDireito) {
@@ -114,18 +106,15 @@ TEST_P(SegurancaNoBanco, RegravarTrocaSenhaEDireito) {
     EXPECT_EQ(Conta("SELECT COUNT(*) AS N FROM TBSEGOPERADOR WHERE OPERADOR = 'MARIA'"), 1);
 }
 
-TEST_P(SegurancaNoBanco, SenhaVaziaNaoEGravada) {
+TEST_P(SegurancaNoBanco, GravacaoRecusadaDizPorqueENaoDeixaTransacaoAberta) {
     std::string msg;
-    EXPECT_FALSE(GravaOperadorSeguranca("ANA", "", msg));
+    EXPECT_FALSE(GravaOperadorSeguranca("ANA", "", msg)) << "an empty password";
     EXPECT_FALSE(msg.empty());
     EXPECT_EQ(Conta("SELECT COUNT(*) AS N FROM TBSEGOPERADOR WHERE OPERADOR = 'ANA'"), 0);
-}
-
-TEST_P(SegurancaNoBanco, GravacaoRecusadaNaoDeixaTransacaoAberta) {
     db->Direto("DROP TABLE TBSEGOPERADOR");
     db->Direto("CREATE TABLE TBSEGOPERADOR (OPERADOR VARCHAR(30) NOT NULL, SENHAHASH VARCHAR(255) NOT NULL, "
                "PRIMARY KEY (OPERADOR), CHECK (OPERADOR <> 'RUIM'))");
-    std::string msg;
+    msg.clear();
     EXPECT_FALSE(GravaOperadorSeguranca("RUIM", "x", msg));
     EXPECT_FALSE(msg.empty());
     // Another connection can write at once: nothing was left holding the database.
