@@ -147,16 +147,6 @@ TEST_P(DadosDemo, AConsultaDaGradeDeItensRodaComIsNullNosDoisBancos) {
     }
     EXPECT_EQ(linhas, 7);
     EXPECT_EQ(semProduto, 1);
-
-    auto escolar = bd.fcExecutaComando(1, GradeDeItens("ESCOLAR", "2"), false);
-    ASSERT_EQ(escolar.situacao, "00") << escolar.mensagem;
-    int semEquivalencia = 0;
-    for (auto& rs = escolar.rsDadosRetorno; !rs.Eof(); rs.MoveNext()) {
-        if (!Apara(CStr(rs.Fields("CODEQUIV").Value)).empty()) continue;
-        ++semEquivalencia;
-        EXPECT_EQ(Apara(CStr(rs.Fields("DscItem").Value)), "Mochila escolar") << "the product is still there";
-    }
-    EXPECT_EQ(semEquivalencia, 1);
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(DadosDemo);
