@@ -105,21 +105,18 @@ TEST_F(GravaLogSemanal, ArquivoAlteradoHojeAcrescentaEAntesDeHojeRecomecaDoZero)
     }
 }
 
-TEST_F(GravaLogSemanal, CadaDiaDaSemanaTemOSeuArquivo) {
+TEST_F(GravaLogSemanal, CadaDiaDaSemanaTemOSeuArquivoEProjetoEmBrancoEProjAux) {
     ParaORelogio(2024, 1, 28); // Sunday
     Grava("domingo");
     ParaORelogio(2024, 2, 3); // Saturday
     Grava("sabado");
-    EXPECT_NE(Le(pasta / "ztolvan_1.log").find("Erro= domingo"), std::string::npos);
-    EXPECT_NE(Le(pasta / "ztolvan_7.log").find("Erro= sabado"), std::string::npos);
-    EXPECT_EQ(Le(pasta / "ztolvan_7.log").find("domingo"), std::string::npos);
-}
-
-TEST_F(GravaLogSemanal, ProjetoEmBrancoEscreveEmProjAux) {
     std::string projeto = "   ", rotina = "R";
     Valor t = "x";
     GravaLog(t, projeto, rotina);
-    EXPECT_TRUE(fs::exists(pasta / "ProjAux_4.log"));
+    EXPECT_NE(Le(pasta / "ztolvan_1.log").find("Erro= domingo"), std::string::npos);
+    EXPECT_NE(Le(pasta / "ztolvan_7.log").find("Erro= sabado"), std::string::npos);
+    EXPECT_EQ(Le(pasta / "ztolvan_7.log").find("domingo"), std::string::npos);
+    EXPECT_NE(Le(pasta / "ProjAux_7.log").find("Erro= x"), std::string::npos);
     EXPECT_EQ(projeto, "   ");
 }
 
@@ -157,16 +154,11 @@ TEST_F(GeraLog, ExibeMensagemCriticaComTituloEUmaLinhaPorParte) {
     EXPECT_EQ(m.Titulo, "Erro");
 }
 
-TEST_F(GeraLog, SemExibirNaoMostraNemGravaArquivo) {
-    sbGeraLog(0, "ztolvan", "1.0.1", "Form_Load", "erro", "OPER", true, 0, "");
-    EXPECT_TRUE(mensagens->Mostradas().empty());
-    EXPECT_FALSE(fs::exists(pasta));
-}
-
-TEST_F(GeraLog, OsDezSistemasSaoAceitosEOsDemaisReportamAPropriaFalha) {
+// Shown only when asked, and never written to a file; a system number
+// outside the table is reported even when nothing was to be shown.
+TEST_F(GeraLog, SoExibeQuandoPedidoEOsSistemasForaDaTabelaReportamAPropriaFalha) {
     for (int16_t s = -1; s <= 10; ++s) {
         mensagens->Limpa();
-        // Even without showing, a number outside the table is reported.
         EXPECT_NO_THROW(sbGeraLog(s, "o", "v", "r", "m", "u", false, s % 2, "t"));
         const bool aceito = s >= 0 && s < 10;
         ASSERT_EQ(mensagens->Mostradas().size(), aceito && s % 2 == 0 ? 0u : 1u) << s;
@@ -175,6 +167,7 @@ TEST_F(GeraLog, OsDezSistemasSaoAceitosEOsDemaisReportamAPropriaFalha) {
         EXPECT_EQ(m.Texto.rfind(aceito ? "Origem: " : "sbGeraLog, Linha: ", 0), 0u) << m.Texto;
         EXPECT_EQ(m.Tipo, 16);
     }
+    EXPECT_FALSE(fs::exists(pasta));
 }
 
 } // namespace

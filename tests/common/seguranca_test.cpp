@@ -40,19 +40,24 @@ protected:
     std::string proximoAutorizador;
 };
 
-TEST_F(ChecaSeguranca, ArgumentosChegamAoComponenteNaOrdem) {
+// The company reaches the component only once given, and is kept after.
+TEST_F(ChecaSeguranca, ArgumentosChegamAoComponenteNaOrdemEAEmpresaFica) {
     std::string op = "JOAO", aut;
+    Checa(op, aut, std::nullopt);
     int16_t r = -7;
     GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, aut, r, "9999", int16_t{3}, false, "SUPERVISOR", "ignorado");
-    ASSERT_EQ(ultimo->pedidas.size(), 1u);
-    const ChecagemPedida& p = ultimo->pedidas[0];
+    Checa(op, aut, std::nullopt);
+    ASSERT_EQ(ultimo->pedidas.size(), 3u);
+    const ChecagemPedida& p = ultimo->pedidas[1];
     EXPECT_EQ(p.Codigo, 1);
     EXPECT_EQ(p.Programa, "PJVELPEV");
     EXPECT_EQ(p.Funcao, "DISPON");
     EXPECT_EQ(p.Operador, "JOAO");
     EXPECT_EQ(p.TextoPassado, "9999");
     EXPECT_EQ(p.TextoSobrepoe, "SUPERVISOR");
+    EXPECT_EQ(ultimo->pedidas[0].Empresa, 0);
     EXPECT_EQ(p.Empresa, 3);
+    EXPECT_EQ(ultimo->pedidas[2].Empresa, 3);
 }
 
 TEST_F(ChecaSeguranca, UmComponentePorThreadAteSerLiberadoEOSeuResultadoVolta) {
@@ -65,17 +70,6 @@ TEST_F(ChecaSeguranca, UmComponentePorThreadAteSerLiberadoEOSeuResultadoVolta) {
     EXPECT_EQ(ultimo->pedidas.size(), 2u);
     Checa(op, aut);
     EXPECT_EQ(criados, 2) << "releasing makes the next check create another";
-}
-
-TEST_F(ChecaSeguranca, EmpresaSoMudaQuandoInformada) {
-    std::string op = "JOAO", aut;
-    Checa(op, aut, std::nullopt);
-    Checa(op, aut, 5);
-    Checa(op, aut, std::nullopt);
-    ASSERT_EQ(ultimo->pedidas.size(), 3u);
-    EXPECT_EQ(ultimo->pedidas[0].Empresa, 0);
-    EXPECT_EQ(ultimo->pedidas[1].Empresa, 5);
-    EXPECT_EQ(ultimo->pedidas[2].Empresa, 5);
 }
 
 // The operator stays; the authoriser is whom the component returns. A blank
@@ -94,18 +88,14 @@ TEST_F(ChecaSeguranca, OperadorEAutorizadorDepoisDaChecagem) {
     }
 }
 
-TEST_F(ChecaSeguranca, LembraOTextoDeSobreposicaoSenaoOOperador) {
+// What is remembered, and the component, belong to the thread.
+TEST_F(ChecaSeguranca, LembraOTextoDeSobreposicaoSenaoOOperadorNaPropriaThread) {
     std::string op = "JOAO", aut;
     EXPECT_EQ(OperadorLembrado(), "");
-    Checa(op, aut, 1, false, "SUPERVISOR");
-    EXPECT_EQ(OperadorLembrado(), "SUPERVISOR");
     Checa(op, aut, 1, false, "  ");
     EXPECT_EQ(OperadorLembrado(), "JOAO");
-}
-
-TEST_F(ChecaSeguranca, MemoriaEComponenteSaoDaThread) {
-    std::string op = "JOAO", aut;
     Checa(op, aut, 1, false, "SUPERVISOR");
+    EXPECT_EQ(OperadorLembrado(), "SUPERVISOR");
     std::string visto = "?";
     int16_t resultado = seguranca::Autorizado;
     std::thread t([&] {

@@ -20,33 +20,27 @@ protected:
     int tela = 0; // stands for a screen model
 };
 
-TEST_F(Telas, MantemNoTopoLigaEDesligaATelaPedida) {
+TEST_F(Telas, NoTopoEventosEBipeVaoPelaPortaDaThread) {
     EXPECT_TRUE(MantemNoTopo(&tela, true));
     EXPECT_TRUE(MantemNoTopo(&tela, false));
     EXPECT_FALSE(MantemNoTopo(nullptr, true)) << "no screen: nothing asked";
-    ASSERT_EQ(telas->chamadas.size(), 2u);
+    DoEvents();
+    Beep();
+    ASSERT_EQ(telas->chamadas.size(), 4u);
     EXPECT_EQ(telas->chamadas[0].Operacao, "NoTopo");
     EXPECT_EQ(telas->chamadas[0].Tela, &tela);
     EXPECT_TRUE(telas->chamadas[0].Ligar);
     EXPECT_FALSE(telas->chamadas[1].Ligar);
+    EXPECT_EQ(telas->chamadas[2].Operacao, "Eventos");
+    EXPECT_EQ(telas->chamadas[3].Operacao, "Bipe");
+}
+
+TEST_F(Telas, SemSistemaDeJanelasOuComRecusaNadaFicaNoTopo) {
     telas->aceitaNoTopo = false;
-    EXPECT_FALSE(MantemNoTopo(&tela, true)) << "the window system refused";
-}
-
-TEST_F(Telas, EventosEBipeVaoPelaPorta) {
-    DoEvents();
-    Beep();
-    ASSERT_EQ(telas->chamadas.size(), 2u);
-    EXPECT_EQ(telas->chamadas[0].Operacao, "Eventos");
-    EXPECT_EQ(telas->chamadas[1].Operacao, "Bipe");
-}
-
-TEST(TelasPadrao, SemSistemaDeJanelasNadaFicaNoTopo) {
-    Contexto::Renova();
-    int tela = 0;
+    EXPECT_FALSE(MantemNoTopo(&tela, true));
+    PortasAtuais().telas = nullptr;
     EXPECT_FALSE(MantemNoTopo(&tela, true));
     EXPECT_NO_THROW(DoEvents());
-    Contexto::Renova();
 }
 
 } // namespace
