@@ -61,7 +61,7 @@ void GravaLog(Valor& Texto, std::string& Projeto, std::string& Rotina) {
         const std::filesystem::path pasta = PastaLog();
         std::error_code ec;
         std::filesystem::create_directories(pasta, ec);
-        const auto caminho = pasta / (projeto + "_" + std::to_string(agora.DiaDaSemana % 7 + 1) + ".log");
+        const auto caminho = pasta / (projeto + "_" + std::to_string(agora.DiaDaSemana) + ".log");
         const long alterado = ChaveDaUltimaAlteracao(caminho);
         if (alterado == 0) {
             std::ofstream(caminho) << momento << " Inicio " << '\n';
