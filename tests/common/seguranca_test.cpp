@@ -77,7 +77,8 @@ TEST_F(ChecaSeguranca, UmComponentePorThreadAteSerLiberadoEOSeuResultadoVolta) {
 TEST_F(ChecaSeguranca, OperadorEAutorizadorDepoisDaChecagem) {
     const struct {
         const char *operador, *devolvido, *operadorDepois, *autorizadorDepois;
-    } casos[] = {{"JOAO", "MARIA", "JOAO", "MARIA"}, {"  ", "MARIA", "MARIA", "MARIA"}, {"JOAO", "   ", "JOAO", "JOAO"}};
+    } casos[] = {
+        {"JOAO", "MARIA", "JOAO", "MARIA"}, {"  ", "MARIA", "MARIA", "MARIA"}, {"JOAO", "   ", "JOAO", "JOAO"}};
     for (const auto& k : casos) {
         SCOPED_TRACE(std::string(k.operador) + "/" + k.devolvido);
         std::string op = k.operador, aut = "ANTIGO";

@@ -64,7 +64,8 @@ TEST(ComandosDosModulos, UmTextoDeCadaTipo) {
          " CodCidade FROM TBPEV WHERE Empresa  = ? AND NumPed  = ?"},
         {"MTBDOCIT", "FINS001", "INSERT INTO TBDOCIT (Empresa, Seq, NumNF, SerieNF, Item, ", 59, "?, ? )"},
         {"MTBMAT", "FUPD009", "UPDATE TBMAT SET QTDITBLOQ= ? WHERE EMPRESA  = ? AND CODITEM  = ?", 0, ""},
-        {"MTBMATAG", "FSEL010", "SELECT T1.Empresa, T1.Codigo, T1.Nome, T1.Item, T1.CodItem, T2.DscItem, ", 22,
+        {"MTBMATAG", "FSEL010", "SELECT T1.Empresa, T1.Codigo, T1.Nome, T1.Item, T1.CodItem, T2.DscItem, ",
+         22,
          " FROM TBMATAG T1, TBMATEQ T2 WHERE T1.Empresa  = ? AND T1.Codigo  = ? AND T1.Item  >= ? AND "
          "T1.Empresa = T2.Empresa AND T1.CodItem = T2.CodItem AND T1.CodEquiv = T2.CodEquiv AND T2.Tipo = ?  "
          "ORDER BY T1.Empresa ASC, T1.Codigo ASC, T1.Item ASC"},

@@ -15,13 +15,13 @@ class Modulos : public ComEsquema {
 protected:
     void Equivalencia(const std::string& cod, int tipo, double valor, const std::string& produto = "") {
         const std::string item = produto.empty() ? "P" + cod : produto;
-        db->Direto("INSERT INTO TBMATEQ (Empresa, CodEquiv, Tipo, CodItem, Valor, DscItem, UltCForn, RazFornec) "
-                   "VALUES (1, '" + cod + "', " + std::to_string(tipo) + ", '" + item + "', " +
+        db->Direto("INSERT INTO TBMATEQ (Empresa, CodEquiv, Tipo, CodItem, Valor, DscItem, UltCForn, "
+                   "RazFornec) VALUES (1, '" + cod + "', " + std::to_string(tipo) + ", '" + item + "', " +
                    std::to_string(valor) + ", 'Equivalência " + cod + "', 101, 'Fornecedor')");
     }
     void ItemAgrupamento(const std::string& codigo, int item, const std::string& equiv, double valor = 1) {
-        db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, Valor, "
-                   "STTR, Observacao, TIPO) VALUES (1, '" + codigo + "', 'Agrupamento " + codigo + "', " +
+        db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, "
+                   "Valor, STTR, Observacao, TIPO) VALUES (1, '" + codigo + "', 'Agrupamento " + codigo + "', " +
                    std::to_string(item) + ", 'P" + equiv + "', 'Item', '" + equiv + "', 2, " +
                    std::to_string(valor) + ", 0, 'Obs', 3)");
     }
@@ -87,7 +87,8 @@ TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
 }
 
 TEST_P(Modulos, Fsel003DoPedidoDeVendaComItem999999999DaOMaiorPrimeiro) {
-    db->Direto("INSERT INTO TBPEVIT (Empresa, NumPed, Item) VALUES (1, 7, 10), (1, 7, 30), (1, 7, 20), (1, 8, 99)");
+    db->Direto("INSERT INTO TBPEVIT (Empresa, NumPed, Item) VALUES (1, 7, 10), (1, 7, 30), (1, 7, 20), "
+               "(1, 8, 99)"); // and another order
     ChaveMTBPEVIT() = {.Empresa = 1, .NumPed = 7, .Item = 999999999};
     std::vector<int32_t> itens;
     for (Chama(A_MTBPEVIT(), MTBPEVIT, "FSEL003", "OPEN"); c().Status == "00";

@@ -59,7 +59,8 @@ TEST_P(PadraoModulo, FuncaoOuPalavraDesconhecidaMostraAMensagemDoModulo) {
     } casos[] = {
         {[] { Chama(A_MTBPAR(), MTBPAR, "FSEL999", "REQUERY"); },
          "Chamada de funcao Invalida no modulo = A_MTBPAR", 0},
-        {[] { Chama(A_MTBPNF(), MTBPNF, "fsel001", "REQUERY"); }, "CHAMADA DE FUNCAO INVALIDA NO MODULO = A_MTBPNF", 0},
+        {[] { Chama(A_MTBPNF(), MTBPNF, "fsel001", "REQUERY"); },
+         "CHAMADA DE FUNCAO INVALIDA NO MODULO = A_MTBPNF", 0},
         {[] { Chama(A_MTBPAR(), MTBPAR, "  FSEL001 ", " REQUERY  "); }, "", 2}, // both taken trimmed
         {[] { Chama(A_MTBPAR(), MTBPAR, "FSEL001", "FETCH"); },
          "select = Chamada de transacao Invalida no modulo = A_MTBPAR", 0},

@@ -44,8 +44,8 @@ TEST_P(Esquema, TodaTabelaTemChavePrimariaEOsItensSaoPorEmpresaDocumentoEItem) {
 }
 
 TEST_P(Esquema, IsNullResolveParaNumerosTextosEDuplos) {
-    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, TIPO, Nome, Valor) VALUES (1, 'A', 1, NULL, NULL, NULL), "
-               "(1, 'B', 1, 2, 'Nome', 1.5)");
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, TIPO, Nome, Valor) VALUES "
+               "(1, 'A', 1, NULL, NULL, NULL), (1, 'B', 1, 2, 'Nome', 1.5)");
     auto linha = [&](const char* codigo) {
         Um(std::string("SELECT ISNULL(TIPO, ''), ISNULL(Nome, 'x'), ISNULL(Valor, 0), ISNULL(Item, 0) FROM "
                        "TBMATAG WHERE Codigo = '") + codigo + "'");
@@ -67,7 +67,8 @@ TEST_P(Esquema, IsNullResolveParaNumerosTextosEDuplos) {
 }
 
 TEST_P(Esquema, NumerosComparadosComLiteraisEntreAspas) {
-    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, STTR) VALUES (1, 'A', 1, 0), (2, 'A', 1, 1), (1, 'B', 1, 1)");
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item, STTR) VALUES (1, 'A', 1, 0), (2, 'A', 1, 1), "
+               "(1, 'B', 1, 1)");
     EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG T1 WHERE T1.EMPRESA = '1' AND T1.STTR = '0'")), 1);
 }
 
