@@ -129,7 +129,6 @@ TEST_P(Modulos, Fsel063EFsel011LevamAsColunasDeCadaTabelaAoSeuRegistro) {
     EXPECT_DOUBLE_EQ(A_MTBMATEQ().Valor, 8.8);
     EXPECT_EQ(Apara(A_MTBMATEQ().DscItem), "Equivalência E1");
     EXPECT_DOUBLE_EQ(A_MTBMAT().PrcItem4, 4.4);
-    EXPECT_EQ(Apara(A_MTBMAT().CCusto), "LOJA");
     EXPECT_EQ(Apara(A_MTBMAT().DscItem), "antes") << "T2.DSCITEM is the equivalence's";
     EXPECT_DOUBLE_EQ(A_MTBMAT().QtdItAtu, 123) << "not in the select list";
 

@@ -116,8 +116,9 @@ TEST_P(PadraoModulo, CommitERollbackPorQualquerModuloComQualquerFuncao) {
     EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVDC WHERE NUMPED = 11")), 0);
 }
 
-TEST_P(PadraoModulo, TextoMaisLongoQueOCampoChegaCortadoContandoCaracteres) {
-    // 45 characters, accented ones among them: the record keeps the first 40.
+// Texts are cut to the field's width counting characters, accented ones
+// among them, both when read and when sent; trailing blanks never count.
+TEST_P(PadraoModulo, TextoNaLarguraDoCampoContandoCaracteresAoLerEAoEnviar) {
     const std::string razao = "Comércio de Açúcar e Café São João Ltda - ME!";
     ASSERT_EQ(Largura(razao), 45u);
     Empresa(3, razao);
@@ -125,13 +126,9 @@ TEST_P(PadraoModulo, TextoMaisLongoQueOCampoChegaCortadoContandoCaracteres) {
     ASSERT_EQ(c().Status, "00") << c().Msg;
     EXPECT_EQ(A_MTBPAR().RazSocial.str(), Esquerda(razao, 40));
     EXPECT_EQ(Largura(A_MTBPAR().NomeFant), 40u) << "an empty column reads as 40 blanks";
-}
-
-TEST_P(PadraoModulo, TextoEnviadoSaiNaLarguraDoCampoComBrancos) {
     A_MTBPEVIT_t& it = A_MTBPEVIT();
     it.Empresa = 1;
     it.NumPed = 5;
-    it.Item = 1;
     it.CodMat = "AB";
     it.DscMat = std::string(30, 'x') + std::string(90, 'y'); // 120 characters: kept 100
     it.UndMat = "UNIDADE";
@@ -141,7 +138,7 @@ TEST_P(PadraoModulo, TextoEnviadoSaiNaLarguraDoCampoComBrancos) {
     EXPECT_EQ(Apara(CStr(Um("SELECT DscMat FROM TBPEVIT WHERE NumPed = 5"))),
               std::string(30, 'x') + std::string(70, 'y'));
     EXPECT_EQ(Apara(CStr(Um("SELECT UndMat FROM TBPEVIT WHERE NumPed = 5"))), "UN");
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVIT WHERE CodMat = 'AB'")), 1) << "trailing blanks never count";
+    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVIT WHERE CodMat = 'AB'")), 1);
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(PadraoModulo);
