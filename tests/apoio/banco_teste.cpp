@@ -100,9 +100,13 @@ BancoTeste::~BancoTeste() {
     std::filesystem::remove_all(pasta_, ec);
 }
 
-bool BancoTeste::Obrigatorio() const { return kind_ == Kind::Postgres && Env("ZTOLVAN_PG_OBRIGATORIO") == "1"; }
+bool BancoTeste::Obrigatorio() const {
+    return kind_ == Kind::Postgres && Env("ZTOLVAN_PG_OBRIGATORIO") == "1";
+}
 
-std::string BancoTeste::Servidor() const { return kind_ == Kind::Sqlite ? "ACCESS" : Env("ZTOLVAN_PG_SERVIDOR"); }
+std::string BancoTeste::Servidor() const {
+    return kind_ == Kind::Sqlite ? "ACCESS" : Env("ZTOLVAN_PG_SERVIDOR");
+}
 std::string BancoTeste::Banco() const {
     return kind_ == Kind::Sqlite ? pasta_ + "/teste.db" : Env("ZTOLVAN_PG_BANCO");
 }
@@ -132,8 +136,8 @@ void BancoTeste::Direto(const std::string& sql) {
     if (rc != SQLITE_OK) throw std::runtime_error(m + " em: " + sql);
 }
 
-void ConectorGravador::Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor, std::string& Status,
-                                std::string& Msg, Valor& Dados, Valor& Retorno) {
+void ConectorGravador::Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor,
+                                std::string& Status, std::string& Msg, Valor& Dados, Valor& Retorno) {
     Chamada ch{Transacao, Cursor, Dados.eTexto() ? Dados.texto() : std::string(), {}};
     real_->Processa(Conexao, Transacao, Cursor, Status, Msg, Dados, Retorno);
     ch.Status = Status;
@@ -142,7 +146,8 @@ void ConectorGravador::Processa(int16_t& Conexao, std::string& Transacao, int16_
 
 std::vector<std::string> ConectorGravador::Palavras() const {
     std::vector<std::string> r;
-    for (auto& c : chamadas) r.push_back(c.Transacao);
+    for (auto& c : chamadas)
+        r.push_back(c.Transacao);
     return r;
 }
 

@@ -17,7 +17,7 @@ std::string Nome(Kind k);
 // ZTOLVAN_PG_BANCO, ZTOLVAN_PG_USUARIO and ZTOLVAN_PG_SENHA; without them the
 // test is skipped, unless ZTOLVAN_PG_OBRIGATORIO=1 makes that a failure.
 class BancoTeste {
-public:
+  public:
     explicit BancoTeste(Kind k);
     ~BancoTeste();
 
@@ -40,7 +40,7 @@ public:
 
     std::shared_ptr<MensagensGravadas> mensagens;
 
-private:
+  private:
     Kind kind_;
     bool pronto_ = false;
     std::string motivo_;
@@ -58,7 +58,7 @@ struct Chamada {
 
 // Wraps a real connector and records every Processa call.
 class ConectorGravador : public ConectorBD {
-public:
+  public:
     explicit ConectorGravador(std::unique_ptr<ConectorBD> real) : real_(std::move(real)) {}
     void ZConnectOpen(std::string& s, std::string& b, std::string& u, std::string& p, int16_t& c,
                       std::string& st, std::string& m) override {
@@ -67,7 +67,8 @@ public:
     void Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor, std::string& Status,
                   std::string& Msg, Valor& Dados, Valor& Retorno) override;
     void ZConnectClose(int16_t& c) override { real_->ZConnectClose(c); }
-    void Consulta(int16_t c, const std::string& t, TabelaResultado& r, std::string& s, std::string& m) override {
+    void Consulta(int16_t c, const std::string& t, TabelaResultado& r, std::string& s,
+                  std::string& m) override {
         real_->Consulta(c, t, r, s, m);
     }
     const char* Tipo() const override { return real_->Tipo(); }
@@ -75,7 +76,7 @@ public:
     std::vector<Chamada> chamadas;
     std::vector<std::string> Palavras() const;
 
-private:
+  private:
     std::unique_ptr<ConectorBD> real_;
 };
 

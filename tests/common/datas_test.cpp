@@ -36,7 +36,7 @@ TEST(ReformataData, SoMoveCaracteresDeFormatoEmFormatoSemValidar) {
 }
 
 class Relogio : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { Contexto::Renova(); }
     void TearDown() override { Contexto::Renova(); }
 };

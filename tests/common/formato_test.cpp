@@ -47,7 +47,7 @@ TEST_F(Formatos, TextoComArrobasAlinhaADireitaEmCaracteres) {
 TEST(Moeda, DezMilesimosComMetadesParaOPar) {
     EXPECT_EQ(Moeda::DeDuplo(1.23455).DezMilesimos(), 12346) << "1.23455 is slightly above the half";
     EXPECT_EQ(Moeda::DeDuplo(0.00005).DezMilesimos(), 0);
-    Moeda a = Moeda::DeDezMilesimos(15); // 0.0015
+    Moeda a = Moeda::DeDezMilesimos(15);   // 0.0015
     Moeda b = Moeda::DeDezMilesimos(5000); // 0.5
     EXPECT_EQ((a * b).DezMilesimos(), 8) << "0.00075 rounds to the even 0.0008";
     EXPECT_EQ((Moeda::DeDezMilesimos(25) * b).DezMilesimos(), 12) << "0.00125 rounds to the even 0.0012";

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,20 +35,20 @@ void AlteradoEm(const fs::path& p, Instante t) {
 
 // An environment variable set for one test and put back afterwards.
 class VariavelTemporaria {
-public:
+  public:
     VariavelTemporaria(const char* nome, const char* valor) : nome_(nome) {
         if (const char* v = std::getenv(nome)) antigo_ = v;
         valor ? setenv(nome, valor, 1) : unsetenv(nome);
     }
     ~VariavelTemporaria() { antigo_ ? setenv(nome_, antigo_->c_str(), 1) : unsetenv(nome_); }
 
-private:
+  private:
     const char* nome_;
     std::optional<std::string> antigo_;
 };
 
 class ComPastaDeLog : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         Contexto::Renova();
         mensagens = std::make_shared<MensagensGravadas>();
@@ -145,11 +145,13 @@ TEST(PastaDoLog, VariavelPropriaDepoisOEstadoDoUsuarioEDepoisACasa) {
 using GeraLog = ComPastaDeLog;
 
 TEST_F(GeraLog, ExibeMensagemCriticaComTituloEUmaLinhaPorParte) {
-    sbGeraLog(0, "ztolvan", "1.0.1", "btnAlterar_Click", "5, Chamada inválida Linha: 30", "OPER", true, -1, "Erro");
+    sbGeraLog(0, "ztolvan", "1.0.1", "btnAlterar_Click", "5, Chamada inválida Linha: 30", "OPER", true, -1,
+              "Erro");
     ASSERT_EQ(mensagens->Mostradas().size(), 1u);
     const MensagemMostrada& m = mensagens->Mostradas()[0];
-    EXPECT_EQ(m.Texto, "Origem: ztolvan\rVersão: 1.0.1\rRotina: btnAlterar_Click\rMensagem: 5, Chamada inválida "
-                       "Linha: 30");
+    EXPECT_EQ(m.Texto,
+              "Origem: ztolvan\rVersão: 1.0.1\rRotina: btnAlterar_Click\rMensagem: 5, Chamada inválida "
+              "Linha: 30");
     EXPECT_EQ(m.Tipo, 16);
     EXPECT_EQ(m.Titulo, "Erro");
 }

@@ -12,7 +12,7 @@ using namespace ztolvan;
 namespace {
 
 class ChecaSeguranca : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         Contexto::Renova();
         PortasAtuais().seguranca = [this]() -> std::shared_ptr<PortaSeguranca> {
@@ -29,8 +29,8 @@ protected:
     int16_t Checa(std::string& operador, std::string& autorizador, std::optional<int16_t> empresa = 1,
                   bool libera = false, const std::string& sobrepoe = "") {
         int16_t resultado = -7;
-        GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "9999", empresa, libera, sobrepoe,
-                           "");
+        GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "9999", empresa, libera,
+                           sobrepoe, "");
         return resultado;
     }
 
@@ -45,7 +45,8 @@ TEST_F(ChecaSeguranca, ArgumentosChegamAoComponenteNaOrdemEAEmpresaFica) {
     std::string op = "JOAO", aut;
     Checa(op, aut, std::nullopt);
     int16_t r = -7;
-    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, aut, r, "9999", int16_t{3}, false, "SUPERVISOR", "ignorado");
+    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, aut, r, "9999", int16_t{3}, false, "SUPERVISOR",
+                       "ignorado");
     Checa(op, aut, std::nullopt);
     ASSERT_EQ(ultimo->pedidas.size(), 3u);
     const ChecagemPedida& p = ultimo->pedidas[1];
@@ -77,8 +78,9 @@ TEST_F(ChecaSeguranca, UmComponentePorThreadAteSerLiberadoEOSeuResultadoVolta) {
 TEST_F(ChecaSeguranca, OperadorEAutorizadorDepoisDaChecagem) {
     const struct {
         const char *operador, *devolvido, *operadorDepois, *autorizadorDepois;
-    } casos[] = {
-        {"JOAO", "MARIA", "JOAO", "MARIA"}, {"  ", "MARIA", "MARIA", "MARIA"}, {"JOAO", "   ", "JOAO", "JOAO"}};
+    } casos[] = {{"JOAO", "MARIA", "JOAO", "MARIA"},
+                 {"  ", "MARIA", "MARIA", "MARIA"},
+                 {"JOAO", "   ", "JOAO", "JOAO"}};
     for (const auto& k : casos) {
         SCOPED_TRACE(std::string(k.operador) + "/" + k.devolvido);
         std::string op = k.operador, aut = "ANTIGO";
@@ -112,7 +114,7 @@ TEST_F(ChecaSeguranca, LembraOTextoDeSobreposicaoSenaoOOperadorNaPropriaThread) 
 }
 
 class SegurancaQueFalha : public PortaSeguranca {
-public:
+  public:
     void ZProcessa(int16_t, const std::string&, const std::string&, std::string&, int16_t& Resultado,
                    const std::string&, const std::string&) override {
         Resultado = seguranca::Autorizado;

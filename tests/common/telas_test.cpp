@@ -9,7 +9,7 @@ using namespace ztolvan;
 namespace {
 
 class Telas : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         Contexto::Renova();
         telas = std::make_shared<TelasGravadas>();

@@ -13,7 +13,8 @@ TEST(TextoFixo, ContaCaracteresENaoBytes) {
 }
 
 TEST(TextoFixo, BytesInvalidosContamComoUmCaracterCada) {
-    std::string ruim = "a\xC3" "b\xFF";
+    std::string ruim = "a\xC3"
+                       "b\xFF";
     EXPECT_EQ(Largura(ruim), 4u);
     EXPECT_EQ(TextoFixo(ruim, 2), "a\xC3");
     EXPECT_EQ(Largura(std::string("\xE2\x82")), 2u) << "a cut sequence at the end";

@@ -7,7 +7,7 @@ namespace ztolvan::teste {
 
 // Fixture for suites that run the same behaviours on both database kinds.
 class SobreOsDoisBancos : public ::testing::TestWithParam<Kind> {
-protected:
+  protected:
     void SetUp() override {
         db = std::make_unique<BancoTeste>(GetParam());
         if (!db->Pronto()) {
@@ -21,9 +21,9 @@ protected:
 
 inline std::string NomeDoParametro(const ::testing::TestParamInfo<Kind>& i) { return Nome(i.param); }
 
-#define ZTOLVAN_NOS_DOIS_BANCOS(Suite)                                                                           \
-    INSTANTIATE_TEST_SUITE_P(, Suite, ::testing::Values(::ztolvan::teste::Kind::Sqlite,                          \
-                                                        ::ztolvan::teste::Kind::Postgres),                       \
-                             ::ztolvan::teste::NomeDoParametro)
+#define ZTOLVAN_NOS_DOIS_BANCOS(Suite)                                                                       \
+    INSTANTIATE_TEST_SUITE_P(                                                                                \
+        , Suite, ::testing::Values(::ztolvan::teste::Kind::Sqlite, ::ztolvan::teste::Kind::Postgres),        \
+        ::ztolvan::teste::NomeDoParametro)
 
 } // namespace ztolvan::teste

@@ -13,7 +13,7 @@ using namespace ztolvan::teste;
 namespace {
 
 class AbreConexaoTeste : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         db = std::make_unique<BancoTeste>(Kind::Sqlite);
         ASSERT_TRUE(db->Pronto()) << db->Motivo();
@@ -40,6 +40,11 @@ TEST_F(AbreConexaoTeste, AccessEmQualquerCaixaEComBrancosEscolheOArquivo) {
     ASSERT_EQ(c().Status, "00") << c().Msg;
     EXPECT_STREQ(ConectorAtual()->Tipo(), "ACCESS");
     EXPECT_NE(c().Conexao, 0);
+    ConectorBD* primeiro = ConectorAtual();
+    FechaConexao();
+    Abre("ACCESS", db->Banco());
+    EXPECT_EQ(ConectorAtual(), primeiro) << "an existing connector is reused";
+    EXPECT_EQ(c().Status, "00");
 }
 
 TEST_F(AbreConexaoTeste, ArquivoQueNaoExisteDa99EMensagemCriticaVeltra) {
@@ -54,20 +59,15 @@ TEST_F(AbreConexaoTeste, ArquivoQueNaoExisteDa99EMensagemCriticaVeltra) {
     EXPECT_EQ(c().Status, "99") << "later calls fail with the connector's own status";
 }
 
-TEST_F(AbreConexaoTeste, SilenciosoNaoMostraNada) {
-    Abre("ACCESS", db->Pasta() + "/nao-existe.db", 1);
-    EXPECT_EQ(c().Status, "99");
-    EXPECT_TRUE(db->mensagens->Mostradas().empty());
-}
-
 TEST_F(AbreConexaoTeste, ArquivoQueNaoEBancoDa99) {
     std::ofstream(db->Pasta() + "/lixo.db") << "isto não é um banco de dados, é só texto qualquer";
     Abre("ACCESS", db->Pasta() + "/lixo.db", 1);
     EXPECT_EQ(c().Status, "99");
     EXPECT_FALSE(c().Msg.empty());
+    EXPECT_TRUE(db->mensagens->Mostradas().empty()) << "quiet: nothing shown";
 }
 
-TEST_F(AbreConexaoTeste, SemConfiguracaoNemArmazemAsEntradasSaoInvalidas) {
+TEST_F(AbreConexaoTeste, SemConfiguracaoServidorEBancoVemDoArmazemOuSaoInvalidos) {
     Abre("", "");
     EXPECT_EQ(c().Status, "99");
     EXPECT_EQ(c().Msg, "Entrada do Servidor Inválida");
@@ -75,10 +75,6 @@ TEST_F(AbreConexaoTeste, SemConfiguracaoNemArmazemAsEntradasSaoInvalidas) {
     Abre("", "  ");
     EXPECT_EQ(c().Msg, "Entrada do Banco Inválida");
     EXPECT_EQ(ConectorAtual(), nullptr) << "no connector is made for invalid entries";
-}
-
-TEST_F(AbreConexaoTeste, SemConfiguracaoServidorEBancoVemDoArmazem) {
-    armazem->valores["SERVIDOR"] = "ACCESS";
     armazem->valores["Banco"] = db->Banco();
     Abre("", "");
     EXPECT_EQ(c().Status, "00") << c().Msg;
@@ -87,7 +83,8 @@ TEST_F(AbreConexaoTeste, SemConfiguracaoServidorEBancoVemDoArmazem) {
 
 TEST_F(AbreConexaoTeste, ArquivoDeConfiguracaoPreencheOQueVeioVazio) {
     const std::string ini = db->Pasta() + "/conexao.ini";
-    std::ofstream(ini) << "[conexao]\nServidor=ACCESS\nBanco=" << db->Banco() << "\nUSUARIO=quem\nSenha=segredo\n";
+    std::ofstream(ini) << "[conexao]\nServidor=ACCESS\nBanco=" << db->Banco()
+                       << "\nUSUARIO=quem\nSenha=segredo\n";
     setenv("ZTOLVAN_CONFIG", ini.c_str(), 1);
     std::string s, b, u = "veltra", p = "tolquemarin";
     int16_t q = 1;
@@ -113,15 +110,6 @@ TEST_F(AbreConexaoTeste, SemConexaoTudoDa99) {
     ExecutaComunica();
     EXPECT_EQ(c().Status, "99");
     FechaConexao(); // nothing to close: no effect, no crash
-}
-
-TEST_F(AbreConexaoTeste, ConectorExistenteEReusadoSejaQualForOTipo) {
-    Abre("ACCESS", db->Banco());
-    ConectorBD* primeiro = ConectorAtual();
-    FechaConexao();
-    Abre("ACCESS", db->Banco());
-    EXPECT_EQ(ConectorAtual(), primeiro);
-    EXPECT_EQ(c().Status, "00");
 }
 
 } // namespace

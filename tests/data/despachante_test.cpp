@@ -2,10 +2,10 @@
 
 #include "common/conversao.h"
 #include "common/texto.h"
-#include "data/comunica.h"
-#include "data/despachante.h"
 #include "data/banco_dados.h"
 #include "data/banco_param.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
 #include "data/sqlite/conector_sqlite.h"
 
 using namespace ztolvan;
@@ -14,7 +14,7 @@ using namespace ztolvan::teste;
 namespace {
 
 class Despachante : public SobreOsDoisBancos {
-protected:
+  protected:
     void SetUp() override {
         SobreOsDoisBancos::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
@@ -57,21 +57,15 @@ protected:
         EXPECT_EQ(c().Status, "00") << c().Msg;
         return static_cast<int>(c().Retorno[0].inteiro());
     }
-    int16_t PreparaInsercao() { return Prepara("INSERT INTO TBX (EMPRESA, CODIGO, VALOR, OBS) VALUES (?, ?, ?, ?)"); }
+    int16_t PreparaInsercao() {
+        return Prepara("INSERT INTO TBX (EMPRESA, CODIGO, VALOR, OBS) VALUES (?, ?, ?, ?)");
+    }
     static Valor Linha(int emp, const char* cod) { return Valor::Lista{emp, cod, 1.0, "x"}; }
 
     const char* Sel = "SELECT EMPRESA, CODIGO, VALOR, OBS FROM TBX WHERE EMPRESA = ? ORDER BY CODIGO";
 };
 
-TEST_P(Despachante, PrepareDevolveUmCursorDiferenteDeZero) {
-    int16_t a = Prepara(Sel);
-    int16_t b = Prepara("SELECT CODIGO FROM TBX");
-    EXPECT_NE(a, 0);
-    EXPECT_NE(b, 0);
-    EXPECT_NE(a, b);
-}
-
-TEST_P(Despachante, OpenPosicionaNaPrimeiraLinhaComAsColunasNaOrdemDoSelect) {
+TEST_P(Despachante, OpenPosicionaNaPrimeiraLinhaComAsColunasNaOrdemDoSelectOu23SemLinha) {
     int16_t cur = Prepara(Sel);
     Envia("OPEN", cur, Valor::Lista{1});
     ASSERT_EQ(c().Status, "00") << c().Msg;
@@ -80,23 +74,15 @@ TEST_P(Despachante, OpenPosicionaNaPrimeiraLinhaComAsColunasNaOrdemDoSelect) {
     EXPECT_EQ(Apara(c().Retorno[1].texto()), "A");
     EXPECT_DOUBLE_EQ(c().Retorno[2].duplo(), 1.5);
     EXPECT_EQ(c().Retorno[3].texto(), "um");
-}
-
-TEST_P(Despachante, OpenSemLinhaDa23EDeixaRetornoVazio) {
-    int16_t cur = Prepara(Sel);
     Envia("OPEN", cur, Valor::Lista{77});
     EXPECT_EQ(c().Status, "23");
     EXPECT_EQ(c().Retorno, Valor(std::string()));
 }
 
-TEST_P(Despachante, NextAteOFimDa23ECloseAindaResponde) {
+TEST_P(Despachante, MovimentosNoResultadoAbertoDao23ForaDasPontas) {
     int16_t cur = Prepara(Sel);
     EXPECT_EQ(Codigos(cur, Valor::Lista{1}), (std::vector<std::string>{"A", "B", "C"}));
     EXPECT_EQ(c().Status, "00") << "CLOSE after the end";
-}
-
-TEST_P(Despachante, PrevFirstLastMovemNoResultadoAberto) {
-    int16_t cur = Prepara(Sel);
     Envia("OPEN", cur, Valor::Lista{1});
     Envia("LAST", cur);
     EXPECT_EQ(Apara(c().Retorno[1].texto()), "C");
@@ -110,7 +96,7 @@ TEST_P(Despachante, PrevFirstLastMovemNoResultadoAberto) {
     EXPECT_EQ(Apara(c().Retorno[1].texto()), "A") << "back in from before the first row";
 }
 
-TEST_P(Despachante, RequeryRodaDeNovoComOutrosValores) {
+TEST_P(Despachante, RequeryEExecuteDeConsultaRodamDeNovoComOutrosValores) {
     int16_t cur = Prepara(Sel);
     Envia("OPEN", cur, Valor::Lista{1});
     Envia("REQUERY", cur, Valor::Lista{2});
@@ -118,6 +104,9 @@ TEST_P(Despachante, RequeryRodaDeNovoComOutrosValores) {
     EXPECT_EQ(c().Retorno[3].texto(), "outra");
     Envia("NEXT", cur);
     EXPECT_EQ(c().Status, "23");
+    Envia("EXECUTE", cur, Valor::Lista{1});
+    ASSERT_EQ(c().Status, "00");
+    EXPECT_EQ(c().Retorno[3].texto(), "um");
 }
 
 TEST_P(Despachante, RequerySemCursorRodaOTextoSemPrepare) {
@@ -140,13 +129,6 @@ TEST_P(Despachante, OpenSemCursorDevolveOCursorDoResultado) {
     EXPECT_EQ(c().Status, "00");
     Envia("NEXT", cur);
     EXPECT_EQ(c().Status, "99") << "a closed text cursor is gone";
-}
-
-TEST_P(Despachante, ExecuteDeConsultaAgeComoOpen) {
-    int16_t cur = Prepara(Sel);
-    Envia("EXECUTE", cur, Valor::Lista{2});
-    ASSERT_EQ(c().Status, "00");
-    EXPECT_EQ(c().Retorno[3].texto(), "outra");
 }
 
 TEST_P(Despachante, InsertComChaveExistenteDa22) {
@@ -198,7 +180,8 @@ TEST_P(Despachante, UmCursorPreparadoServeMuitasVezes) {
     }
     EXPECT_EQ(Conta("EMPRESA = 7"), 50);
     int prepares = 0;
-    for (auto& ch : g->chamadas) prepares += ch.Transacao == "PREPARE";
+    for (auto& ch : g->chamadas)
+        prepares += ch.Transacao == "PREPARE";
     EXPECT_EQ(prepares, 1);
 }
 
@@ -245,12 +228,13 @@ TEST_P(Despachante, UmaConsultaQueFalhaDentroDaUnidadeNaoPerdeAsMudancas) {
 TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
     clsBancoDados bd;
     ASSERT_TRUE(bd.fcAbreBancoDadosVeltra(1));
-    auto r = bd.fcExecutaComando(1, "SELECT CODIGO, OBS AS Observacao FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO",
-                                 false);
+    auto r = bd.fcExecutaComando(
+        1, "SELECT CODIGO, OBS AS Observacao FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO", false);
     ASSERT_EQ(r.situacao, "00") << r.mensagem;
     std::vector<std::string> vistos;
     for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext())
-        vistos.push_back(Apara(rs.Fields("codigo").Value.texto()) + "/" + CStr(rs.Fields("OBSERVACAO").Value));
+        vistos.push_back(Apara(rs.Fields("codigo").Value.texto()) + "/" +
+                         CStr(rs.Fields("OBSERVACAO").Value));
     EXPECT_EQ(vistos, (std::vector<std::string>{"A/um", "B/", "C/tres"}));
     EXPECT_EQ(bd.fcExecutaComando(1, "", false).situacao, "99");
 }

@@ -26,14 +26,15 @@ Saida Roda(const std::string& args) {
     std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + " 2>&1";
     FILE* p = popen(cmd.c_str(), "r");
     std::array<char, 4096> buf{};
-    while (p && fgets(buf.data(), buf.size(), p)) s.texto += buf.data();
+    while (p && fgets(buf.data(), buf.size(), p))
+        s.texto += buf.data();
     int st = p ? pclose(p) : -1;
     s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
     return s;
 }
 
 class Host : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         pasta = fs::temp_directory_path() / ("ztolvan-host-" + std::to_string(getpid()) + "-" +
                                              ::testing::UnitTest::GetInstance()->current_test_info()->name());
@@ -51,22 +52,20 @@ protected:
 };
 
 TEST_F(Host, ProcessaNoBancoDeDemonstracaoDevolveStatusDeUmaChamadaSemTela) {
-    Saida s = Roda("processa --db " + banco + " --empresa 1 --operador DEMO --opcao 0 --origem V "
-                                             "--dados-vendas 5,0,0,SP,SP,SP,SP --mostrar-sessao");
+    Saida s = Roda("processa --db " + banco +
+                   " --empresa 1 --operador DEMO --opcao 0 --origem V "
+                   "--dados-vendas 5,0,0,SP,SP,SP,SP --mostrar-sessao");
     ASSERT_EQ(s.codigo, 0) << s.texto;
     EXPECT_NE(s.texto.find("Zstatusret: 1\n"), std::string::npos) << s.texto;
     EXPECT_NE(s.texto.find("zstatus: 0\n"), std::string::npos);
     EXPECT_NE(s.texto.find("zstatusmens: \n"), std::string::npos);
     EXPECT_NE(s.texto.find("  TipoPreco: 1\n"), std::string::npos) << s.texto;
     EXPECT_NE(s.texto.find("  NatOper: 5\n"), std::string::npos);
-}
-
-TEST_F(Host, ProcessaEmJsonComTipoDePrecoDado) {
-    Saida s = Roda("processa --db " + banco + " --origem F --tipo-preco 3 --json --mostrar-sessao");
-    ASSERT_EQ(s.codigo, 0) << s.texto;
-    EXPECT_NE(s.texto.find("\"Zstatusret\": 1"), std::string::npos) << s.texto;
-    EXPECT_NE(s.texto.find("\"ZDadosVendas\": null"), std::string::npos) << s.texto;
-    EXPECT_NE(s.texto.find("\"TipoPreco\": \"3\""), std::string::npos) << s.texto;
+    Saida j = Roda("processa --db " + banco + " --origem F --tipo-preco 3 --json --mostrar-sessao");
+    ASSERT_EQ(j.codigo, 0) << j.texto;
+    EXPECT_NE(j.texto.find("\"Zstatusret\": 1"), std::string::npos) << j.texto;
+    EXPECT_NE(j.texto.find("\"ZDadosVendas\": null"), std::string::npos) << j.texto;
+    EXPECT_NE(j.texto.find("\"TipoPreco\": \"3\""), std::string::npos) << j.texto;
 }
 
 TEST_F(Host, ErrosDaLinhaDeComandoTemCodigosDeSaida) {
@@ -77,7 +76,7 @@ TEST_F(Host, ErrosDaLinhaDeComandoTemCodigosDeSaida) {
 }
 
 class Biblioteca : public Host {
-protected:
+  protected:
     void SetUp() override {
         Host::SetUp();
         if (HasFatalFailure()) return;
@@ -115,20 +114,20 @@ TEST_F(Biblioteca, CarregadaPeloNomeProcessaComOMesmoContrato) {
                          {ZT_TEXTO, 0, 0, "SP"}};
     char saida[64] = "lixo";
     size_t tam = 99;
-    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus, mens,
-                       sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus,
+                       mens, sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
               0);
     EXPECT_EQ(statusret, 1);
     EXPECT_EQ(zstatus, 0);
     EXPECT_STREQ(mens, "");
     EXPECT_EQ(tam, 0u);
     // Origin F hands its data back even when no array came in.
-    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "F", &numdoc, &tpmov, &statusret, &zstatus, mens,
-                       sizeof mens, nullptr, 0, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+    ASSERT_EQ(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "F", &numdoc, &tpmov, &statusret, &zstatus,
+                       mens, sizeof mens, nullptr, 0, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
               0);
     EXPECT_STREQ(saida, "");
-    EXPECT_EQ(processa(c, nullptr, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus, mens,
-                       sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
+    EXPECT_EQ(processa(c, nullptr, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus,
+                       mens, sizeof mens, dados, 7, saida, sizeof saida, &tam, nullptr, nullptr, nullptr),
               -1);
     destroi(c);
 }

@@ -23,7 +23,8 @@ struct Entrada {
 
 template <class R, R& (*A)()> RegistroModulo& Reg() { return A(); }
 
-#define ZT_ENTRADA(M, F) Entrada{#M, M, Reg<A_##M##_t, A_##M>, F}
+#define ZT_ENTRADA(M, F)                                                                                     \
+    Entrada { #M, M, Reg < A_##M##_t, A_##M>, F }
 
 // Within a module, in the order of its cursor slots.
 const Entrada Todas[] = {
@@ -107,7 +108,8 @@ TEST_P(Comandos, CadaManipuladorPreparaNoSeuCursorEOBancoAceita) {
         // Empty keys and records: nothing found, or a row written.
         EXPECT_TRUE(c().Status == "00" || c().Status == "23") << c().Status << " " << c().Msg;
     }
-    for (const auto& [modulo, n] : usados) EXPECT_EQ(CursoresDoModulo(modulo).size(), n) << modulo;
+    for (const auto& [modulo, n] : usados)
+        EXPECT_EQ(CursoresDoModulo(modulo).size(), n) << modulo;
     EXPECT_EQ(usados.size(), 18u);
     EXPECT_TRUE(Mostradas().empty());
 }

@@ -12,18 +12,19 @@ using namespace ztolvan::teste;
 namespace {
 
 class Modulos : public ComEsquema {
-protected:
+  protected:
     void Equivalencia(const std::string& cod, int tipo, double valor, const std::string& produto = "") {
         const std::string item = produto.empty() ? "P" + cod : produto;
         db->Direto("INSERT INTO TBMATEQ (Empresa, CodEquiv, Tipo, CodItem, Valor, DscItem, UltCForn, "
-                   "RazFornec) VALUES (1, '" + cod + "', " + std::to_string(tipo) + ", '" + item + "', " +
-                   std::to_string(valor) + ", 'Equivalência " + cod + "', 101, 'Fornecedor')");
+                   "RazFornec) VALUES (1, '" +
+                   cod + "', " + std::to_string(tipo) + ", '" + item + "', " + std::to_string(valor) +
+                   ", 'Equivalência " + cod + "', 101, 'Fornecedor')");
     }
     void ItemAgrupamento(const std::string& codigo, int item, const std::string& equiv, double valor = 1) {
         db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, "
-                   "Valor, STTR, Observacao, TIPO) VALUES (1, '" + codigo + "', 'Agrupamento " + codigo + "', " +
-                   std::to_string(item) + ", 'P" + equiv + "', 'Item', '" + equiv + "', 2, " +
-                   std::to_string(valor) + ", 0, 'Obs', 3)");
+                   "Valor, STTR, Observacao, TIPO) VALUES (1, '" +
+                   codigo + "', 'Agrupamento " + codigo + "', " + std::to_string(item) + ", 'P" + equiv +
+                   "', 'Item', '" + equiv + "', 2, " + std::to_string(valor) + ", 0, 'Obs', 3)");
     }
     // Items of a grouping from 'inicio' on for a price type, as the callers loop.
     std::vector<int32_t> Itens(const std::string& codigo, int32_t inicio, int16_t tipo) {
@@ -45,7 +46,8 @@ TEST_P(Modulos, Fsel010DoItem5EmDianteVemEmOrdemCrescenteSemOsItensSemPrecoDoTip
         if (i != 6) Equivalencia(eq, 1, 10 + i);
         Equivalencia(eq, 2, 20 + i);
     }
-    for (int i : {8, 3, 5, 1, 7, 2, 6, 4}) ItemAgrupamento("G1", i, "E" + std::to_string(i));
+    for (int i : {8, 3, 5, 1, 7, 2, 6, 4})
+        ItemAgrupamento("G1", i, "E" + std::to_string(i));
     EXPECT_EQ(Itens("G1", 5, 1), (std::vector<int32_t>{5, 7, 8}));
     EXPECT_EQ(Itens("G1", 0, 2), (std::vector<int32_t>{1, 2, 3, 4, 5, 6, 7, 8}));
     EXPECT_TRUE(Itens("G1", 9, 1).empty());
@@ -66,7 +68,8 @@ TEST_P(Modulos, Fsel010EspalhaALinhaPeloAgrupamentoEPelaEquivalencia) {
 }
 
 TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
-    for (int i = 1; i <= 3; ++i) ItemAgrupamento("VELHO", i, "E" + std::to_string(i));
+    for (int i = 1; i <= 3; ++i)
+        ItemAgrupamento("VELHO", i, "E" + std::to_string(i));
     ItemAgrupamento("OUTRO", 1, "E1");
     A_MTBMATAG_t& ag = A_MTBMATAG();
     ag.Empresa = 1;
@@ -83,7 +86,8 @@ TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
     EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'NOVO' AND STTR = 1 AND TIPO = 2 AND "
                       "Nome = 'Nome novo' AND Observacao = 'Nova'")),
               3);
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'OUTRO' AND Nome = 'Agrupamento OUTRO'")), 1);
+    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'OUTRO' AND Nome = 'Agrupamento OUTRO'")),
+              1);
 }
 
 TEST_P(Modulos, Fsel003DoPedidoDeVendaComItem999999999DaOMaiorPrimeiro) {

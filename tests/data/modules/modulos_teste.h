@@ -13,7 +13,7 @@ namespace ztolvan::teste {
 // A database of either kind with the component's schema, the thread's
 // connection open through a recording connector, and nothing recorded yet.
 class ComEsquema : public SobreOsDoisBancos {
-protected:
+  protected:
     void SetUp() override {
         SobreOsDoisBancos::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;

@@ -12,7 +12,7 @@ using namespace ztolvan::teste;
 namespace {
 
 class PadraoModulo : public ComEsquema {
-protected:
+  protected:
     void Empresa(int emp, const std::string& razao) {
         db->Direto("INSERT INTO TBPAR (Empresa, RazSocial, UF, PerPis, CritPrcVenda) VALUES (" +
                    std::to_string(emp) + ", '" + razao + "', 'SP', 1.65, 2)");
@@ -82,7 +82,8 @@ TEST_P(PadraoModulo, FuncaoOuPalavraDesconhecidaMostraAMensagemDoModulo) {
             EXPECT_TRUE(Mostradas().empty());
             continue;
         }
-        for (const Chamada& ch : gravador->chamadas) EXPECT_EQ(ch.Transacao, "PREPARE");
+        for (const Chamada& ch : gravador->chamadas)
+            EXPECT_EQ(ch.Transacao, "PREPARE");
         ASSERT_EQ(Mostradas().size(), 1u);
         EXPECT_EQ(Mostradas()[0].Texto, k.mensagem);
         EXPECT_EQ(Mostradas()[0].Tipo, 0);
@@ -158,7 +159,8 @@ TEST_P(LinhaQueNaoCabe, Da99NomeiaAColunaNaoMexeNoRegistroEOModuloContinua) {
         ASSERT_EQ(c().Status, "00") << c().Msg;
         LePar(emp);
         EXPECT_EQ(c().Status, "99");
-        for (const auto& t : trechos) EXPECT_NE(c().Msg.find(t), std::string::npos) << c().Msg;
+        for (const auto& t : trechos)
+            EXPECT_NE(c().Msg.find(t), std::string::npos) << c().Msg;
         EXPECT_EQ(A_MTBPAR().Empresa, 1) << "columns before the bad one are not moved either";
         EXPECT_EQ(Apara(A_MTBPAR().RazSocial), "Mercado Um");
         EXPECT_EQ(A_MTBPAR().CritPrcVenda, 2);

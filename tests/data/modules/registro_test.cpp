@@ -24,14 +24,15 @@ TEST(Texto, AtribuicaoCortaOuCompletaContandoCaracteres) {
 
 TEST(TabelasDeColunas, CadaRegistroTemAsColunasDoSistemaNaOrdem) {
     const std::vector<std::pair<const TabelaColunas*, size_t>> contagens{
-        {&A_MTBPAR_t::Colunas(), 45},   {&A_MTBPNF_t::Colunas(), 38},   {&A_MTBDOC_t::Colunas(), 75},
-        {&A_MTBICM_t::Colunas(), 5},    {&A_MTBVEN_t::Colunas(), 11},   {&A_MTBREP_t::Colunas(), 6},
-        {&A_MTBMAT_t::Colunas(), 84},   {&A_MTBPEV_t::Colunas(), 50},   {&A_MTBPEVIT_t::Colunas(), 34},
-        {&A_MTBICMUF_t::Colunas(), 8},  {&A_MTBPEC_t::Colunas(), 53},   {&A_MTBPECIT_t::Colunas(), 70},
-        {&A_MTBCUS_t::Colunas(), 51},   {&A_MTBFOR_t::Colunas(), 47},   {&A_MTBDOCIT_t::Colunas(), 59},
-        {&A_MTBPEVDC_t::Colunas(), 8},  {&A_MTBMATEQ_t::Colunas(), 38}, {&A_MTBMATAG_t::Colunas(), 18},
+        {&A_MTBPAR_t::Colunas(), 45},  {&A_MTBPNF_t::Colunas(), 38},   {&A_MTBDOC_t::Colunas(), 75},
+        {&A_MTBICM_t::Colunas(), 5},   {&A_MTBVEN_t::Colunas(), 11},   {&A_MTBREP_t::Colunas(), 6},
+        {&A_MTBMAT_t::Colunas(), 84},  {&A_MTBPEV_t::Colunas(), 50},   {&A_MTBPEVIT_t::Colunas(), 34},
+        {&A_MTBICMUF_t::Colunas(), 8}, {&A_MTBPEC_t::Colunas(), 53},   {&A_MTBPECIT_t::Colunas(), 70},
+        {&A_MTBCUS_t::Colunas(), 51},  {&A_MTBFOR_t::Colunas(), 47},   {&A_MTBDOCIT_t::Colunas(), 59},
+        {&A_MTBPEVDC_t::Colunas(), 8}, {&A_MTBMATEQ_t::Colunas(), 38}, {&A_MTBMATAG_t::Colunas(), 18},
     };
-    for (auto [t, n] : contagens) EXPECT_EQ(t->colunas.size(), n) << t->nome;
+    for (auto [t, n] : contagens)
+        EXPECT_EQ(t->colunas.size(), n) << t->nome;
     EXPECT_EQ(A_MTBDOCIT_t::Colunas().Acha("dscmat")->largura, 700u) << "names match in any case";
     EXPECT_EQ(A_MTBPAR_t::Colunas().Acha("Inexistente"), nullptr);
 }

@@ -13,7 +13,7 @@ using namespace ztolvan::teste;
 namespace {
 
 class DadosDemo : public ComEsquema {
-protected:
+  protected:
     void SetUp() override {
         ComEsquema::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
@@ -46,26 +46,31 @@ TEST_P(DadosDemo, DuasEmpresasEmEstadosDiferentesCadaUmaComSeusDadosEDocumentosA
     }
     const std::string hoje = "'" + HojeAAAAMMDD() + "'";
     const std::string daEmpresa1[] = {
-        "TBMAT WHERE QtdItAtu > 0 AND QtdItBloq >= QtdItAtu", "TBMAT WHERE Dispon = '1'",
-        "TBFOR WHERE FLAGIPI = 1", "TBFOR WHERE FLAGIPI = 2",
+        "TBMAT WHERE QtdItAtu > 0 AND QtdItBloq >= QtdItAtu",
+        "TBMAT WHERE Dispon = '1'",
+        "TBFOR WHERE FLAGIPI = 1",
+        "TBFOR WHERE FLAGIPI = 2",
         "TBMATEQ WHERE Tipo = 1 AND DtIProm <= " + hoje + " AND DtFProm >= " + hoje, // on promotion today
-        "TBMATEQ WHERE Tipo = 1 AND DtFProm < " + hoje + " AND DtFProm <> ''",         // a promotion over
+        "TBMATEQ WHERE Tipo = 1 AND DtFProm < " + hoje + " AND DtFProm <> ''",       // a promotion over
     };
-    for (const auto& alguma : daEmpresa1) EXPECT_GT(Conta(alguma + " AND Empresa = 1"), 0) << alguma;
-    for (const char* par : {"'1' AND FLGCMED = '0'", "'2' AND FLGCMED = '0'", "'1' AND FLGCMED = '1'",
-                            "'2' AND FLGCMED = '1'"})
+    for (const auto& alguma : daEmpresa1)
+        EXPECT_GT(Conta(alguma + " AND Empresa = 1"), 0) << alguma;
+    for (const char* par :
+         {"'1' AND FLGCMED = '0'", "'2' AND FLGCMED = '0'", "'1' AND FLGCMED = '1'", "'2' AND FLGCMED = '1'"})
         EXPECT_EQ(Conta(std::string("TBPNF WHERE EMPRESA = 2 AND FLGES = ") + par), 1) << par;
     EXPECT_EQ(Conta("TBMATTP"), 3);
     EXPECT_EQ(Conta("(SELECT DISTINCT Codigo FROM TBMATAG WHERE Empresa = 1) X"), 12);
     EXPECT_EQ(Conta("(SELECT DISTINCT Codigo FROM TBMATAG WHERE Empresa = 2) X"), 5);
     EXPECT_EQ(Texto("SELECT valor FROM TBREGSRV WHERE usuario = 'DEMO' AND chave = 'PRECO VENDA'"), "1");
-    EXPECT_EQ(Texto("SELECT valor FROM TBREGSRV WHERE usuario = 'DEMO' AND chave = 'DESCONTO CASCATA'"), "SIM");
+    EXPECT_EQ(Texto("SELECT valor FROM TBREGSRV WHERE usuario = 'DEMO' AND chave = 'DESCONTO CASCATA'"),
+              "SIM");
 }
 
 TEST_P(DadosDemo, UmAgrupamentoInativoUmItemSemProdutoEUmSemPrecoDeAtacado) {
     EXPECT_EQ(Texto("SELECT DISTINCT Codigo FROM TBMATAG WHERE Empresa = 1 AND STTR <> 0"), "NATAL2023");
-    const std::string semProduto = "TBMATAG T1 LEFT JOIN TBMAT T2 ON (T1.Empresa = T2.Empresa AND T1.CodItem = "
-                                   "T2.CodItem) WHERE T2.CodItem IS NULL";
+    const std::string semProduto =
+        "TBMATAG T1 LEFT JOIN TBMAT T2 ON (T1.Empresa = T2.Empresa AND T1.CodItem = "
+        "T2.CodItem) WHERE T2.CodItem IS NULL";
     EXPECT_EQ(Texto("SELECT T1.Codigo FROM " + semProduto), "CESTA02");
     EXPECT_EQ(Conta(semProduto), 1);
     const std::string semTipo2 = "TBMATAG T1 WHERE T1.Empresa = 1 AND T1.Codigo <> 'CESTA02' AND NOT EXISTS "
@@ -100,7 +105,8 @@ TEST_P(DadosDemo, OsModulosLeemOsDadosDeDemonstracao) {
     ChaveMTBCUS() = {.Empresa = 1, .CodMat = "1001", .CodFor = 101};
     Chama(A_MTBCUS(), MTBCUS, "FSEL001", "REQUERY");
     EXPECT_GT(A_MTBCUS().PrecoTab, 0);
-    for (auto& ch : gravador->chamadas) EXPECT_EQ(ch.Status, "00") << ch.Transacao << " " << ch.Texto;
+    for (auto& ch : gravador->chamadas)
+        EXPECT_EQ(ch.Status, "00") << ch.Transacao << " " << ch.Texto;
 }
 
 // The item grid's statement, built as the screen builds it, runs unchanged.
@@ -116,7 +122,8 @@ std::string GradeDeItens(const std::string& grupo, const std::string& tipo) {
            " LEFT JOIN TBMAT T2 ON (T1.EMPRESA = T2.EMPRESA AND T1.CODITEM = T2.CODITEM)"
            " LEFT JOIN TBMATEQ T3 ON (T1.EMPRESA = T3.EMPRESA AND T1.CODITEM = T3.CODITEM AND T1.CODEQUIV = "
            "T3.CODEQUIV AND T3.TIPO = " +
-           tipo + ")" + " WHERE T1.EMPRESA  = 1" + " AND T1.CODIGO = '" + grupo + "'" + " AND T1.EMPRESA = '1'";
+           tipo + ")" + " WHERE T1.EMPRESA  = 1" + " AND T1.CODIGO = '" + grupo + "'" +
+           " AND T1.EMPRESA = '1'";
 }
 
 TEST_P(DadosDemo, AConsultaDaGradeDeItensRodaComIsNullNosDoisBancos) {

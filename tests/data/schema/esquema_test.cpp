@@ -12,33 +12,39 @@ namespace {
 
 class Esquema : public ComEsquema {};
 
-const char* const TodasAsTabelas[] = {"TBPAR",   "TBPNF",   "TBDOC",  "TBDOCIT", "TBICM",  "TBICMUF", "TBVEN",
-                                      "TBREP",   "TBMAT",   "TBMATEQ", "TBMATAG", "TBPEV", "TBPEVIT", "TBPEVDC",
-                                      "TBPEC",   "TBPECIT", "TBCUS",  "TBFOR",   "TBMATTP", "TBREGSRV"};
+const char* const TodasAsTabelas[] = {
+    "TBPAR",   "TBPNF", "TBDOC",   "TBDOCIT", "TBICM", "TBICMUF", "TBVEN", "TBREP", "TBMAT",   "TBMATEQ",
+    "TBMATAG", "TBPEV", "TBPEVIT", "TBPEVDC", "TBPEC", "TBPECIT", "TBCUS", "TBFOR", "TBMATTP", "TBREGSRV"};
 
 TEST_P(Esquema, CriarDeNovoNaoMudaNadaEMantemOsDados) {
     db->Direto("INSERT INTO TBMATTP (TIPO, DESCRICAO) VALUES (1, 'Varejo')");
     std::string msg;
     EXPECT_TRUE(CriaEsquema(msg)) << msg;
-    for (const char* t : TodasAsTabelas) EXPECT_EQ(CDbl(Um(std::string("SELECT COUNT(*) FROM ") + t)), t == std::string("TBMATTP") ? 1 : 0) << t;
+    for (const char* t : TodasAsTabelas)
+        EXPECT_EQ(CDbl(Um(std::string("SELECT COUNT(*) FROM ") + t)), t == std::string("TBMATTP") ? 1 : 0)
+            << t;
 }
 
 TEST_P(Esquema, TodaTabelaTemChavePrimariaEOsItensSaoPorEmpresaDocumentoEItem) {
     auto colunasDaChave = [&](const std::string& t) {
-        return CDbl(Um(db->kind() == Kind::Sqlite
-                           ? "SELECT COUNT(*) FROM pragma_table_info('" + t + "') WHERE pk > 0"
-                           : "SELECT COUNT(*) FROM information_schema.key_column_usage k JOIN "
-                             "information_schema.table_constraints c ON c.constraint_name = k.constraint_name AND "
-                             "c.table_schema = k.table_schema WHERE c.constraint_type = 'PRIMARY KEY' AND "
-                             "k.table_schema = current_schema() AND k.table_name = lower('" + t + "')"));
+        return CDbl(
+            Um(db->kind() == Kind::Sqlite
+                   ? "SELECT COUNT(*) FROM pragma_table_info('" + t + "') WHERE pk > 0"
+                   : "SELECT COUNT(*) FROM information_schema.key_column_usage k JOIN "
+                     "information_schema.table_constraints c ON c.constraint_name = k.constraint_name AND "
+                     "c.table_schema = k.table_schema WHERE c.constraint_type = 'PRIMARY KEY' AND "
+                     "k.table_schema = current_schema() AND k.table_name = lower('" +
+                         t + "')"));
     };
-    for (const char* t : TodasAsTabelas) EXPECT_GT(colunasDaChave(t), 0) << t;
+    for (const char* t : TodasAsTabelas)
+        EXPECT_GT(colunasDaChave(t), 0) << t;
     EXPECT_EQ(colunasDaChave("TBPEVIT"), 3);
     EXPECT_EQ(colunasDaChave("TBDOCIT"), 3);
     EXPECT_EQ(colunasDaChave("TBPECIT"), 4) << "purchase items are numbered per supplier";
     EXPECT_EQ(colunasDaChave("TBMATAG"), 3);
     db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A', 1)");
-    EXPECT_THROW(db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A   ', 1)"), std::runtime_error)
+    EXPECT_THROW(db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A   ', 1)"),
+                 std::runtime_error)
         << "trailing blanks never make a key different";
     db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A', 2)");
 }
@@ -48,7 +54,8 @@ TEST_P(Esquema, IsNullResolveParaNumerosTextosEDuplos) {
                "(1, 'A', 1, NULL, NULL, NULL), (1, 'B', 1, 2, 'Nome', 1.5)");
     auto linha = [&](const char* codigo) {
         Um(std::string("SELECT ISNULL(TIPO, ''), ISNULL(Nome, 'x'), ISNULL(Valor, 0), ISNULL(Item, 0) FROM "
-                       "TBMATAG WHERE Codigo = '") + codigo + "'");
+                       "TBMATAG WHERE Codigo = '") +
+           codigo + "'");
         return c().Retorno.eLista() ? c().Retorno.lista() : Valor::Lista(4);
     };
     const Valor::Lista a = linha("A"), b = linha("B");

@@ -14,7 +14,7 @@ using namespace ztolvan::teste;
 namespace {
 
 class SegurancaNoBanco : public SobreOsDoisBancos {
-protected:
+  protected:
     void SetUp() override {
         SobreOsDoisBancos::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
@@ -33,7 +33,8 @@ protected:
 
     // Checks whether `operador` may sell without stock; the dialog answers
     // `quem` / `senha`.
-    int16_t Checa(const std::string& quem, const std::string& senha, int16_t codigo = seguranca::PedeAutorizacao) {
+    int16_t Checa(const std::string& quem, const std::string& senha,
+                  int16_t codigo = seguranca::PedeAutorizacao) {
         dialogo->autorizador = quem;
         dialogo->senha = senha;
         int16_t r = -7;

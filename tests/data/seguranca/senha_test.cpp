@@ -25,7 +25,8 @@ TEST(HashDeSenha, CadaHashTemSeuSal) {
 TEST(HashDeSenha, SenhaVaziaHashVazioOuMalFormadoNuncaConferem) {
     EXPECT_EQ(GeraHashSenha(""), "");
     EXPECT_FALSE(ConfereSenha("", GeraHashSenha("x")));
-    for (const char* hash : {"", "*0", "x", "$y$quebrado"}) EXPECT_FALSE(ConfereSenha("x", hash)) << hash;
+    for (const char* hash : {"", "*0", "x", "$y$quebrado"})
+        EXPECT_FALSE(ConfereSenha("x", hash)) << hash;
 }
 
 TEST(HashDeSenha, Sha512CryptFeitoPorOutraFerramentaConfere) {
