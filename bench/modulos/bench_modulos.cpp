@@ -22,7 +22,7 @@ using namespace ztolvan::bench;
 namespace {
 
 constexpr int Itens = 2000;
-constexpr int Rodadas = 2;
+constexpr int Rodadas = 3;
 
 // The four reads and the insert, exactly as the modules send them.
 struct Comandos {
