@@ -48,14 +48,16 @@ double Val(std::string_view s) {
     return v;
 }
 
-double TextoParaNumero(std::string_view s) {
+namespace {
+
+// The number at the start of v in the regional conventions; 'lidos' is how
+// many characters it took (0 when none).
+double NumeroRegionalNoInicio(std::string_view v, size_t& lidos) {
     const Regiao& r = RegiaoAtual();
     std::string t;
-    size_t b = s.find_first_not_of(" \t"), e = s.find_last_not_of(" \t");
-    if (b == std::string_view::npos) throw ErroExecucao::TiposIncompativeis();
-    std::string_view v = s.substr(b, e - b + 1);
     size_t i = 0;
-    if (v[i] == '+' || v[i] == '-') t.push_back(v[i++]);
+    lidos = 0;
+    if (i < v.size() && (v[i] == '+' || v[i] == '-')) t.push_back(v[i++]);
     size_t digitos = 0;
     bool decimal = false;
     while (i < v.size()) {
@@ -73,21 +75,44 @@ double TextoParaNumero(std::string_view s) {
             break;
         }
     }
-    if (digitos == 0) throw ErroExecucao::TiposIncompativeis();
+    if (digitos == 0) return 0.0;
     if (i < v.size() && (v[i] == 'e' || v[i] == 'E')) {
-        t.push_back('e');
-        ++i;
-        if (i < v.size() && (v[i] == '+' || v[i] == '-')) t.push_back(v[i++]);
-        size_t k = i;
-        while (i < v.size() && std::isdigit(static_cast<unsigned char>(v[i])))
-            t.push_back(v[i++]);
-        if (i == k) throw ErroExecucao::TiposIncompativeis();
+        size_t j = i + 1;
+        std::string exp = "e";
+        if (j < v.size() && (v[j] == '+' || v[j] == '-')) exp.push_back(v[j++]);
+        size_t k = j;
+        while (j < v.size() && std::isdigit(static_cast<unsigned char>(v[j])))
+            exp.push_back(v[j++]);
+        if (j > k) {
+            t += exp;
+            i = j;
+        }
     }
-    if (i != v.size()) throw ErroExecucao::TiposIncompativeis();
+    lidos = i;
     errno = 0;
     double d = std::strtod(t.c_str(), nullptr);
     if (std::isinf(d)) throw ErroExecucao::Estouro();
     return d;
+}
+
+std::string_view SemBrancosNasPontas(std::string_view s) {
+    size_t b = s.find_first_not_of(" \t"), e = s.find_last_not_of(" \t");
+    return b == std::string_view::npos ? std::string_view() : s.substr(b, e - b + 1);
+}
+
+} // namespace
+
+double TextoParaNumero(std::string_view s) {
+    std::string_view v = SemBrancosNasPontas(s);
+    size_t lidos = 0;
+    double d = NumeroRegionalNoInicio(v, lidos);
+    if (lidos == 0 || lidos != v.size()) throw ErroExecucao::TiposIncompativeis();
+    return d;
+}
+
+double ValRegional(std::string_view s) {
+    size_t lidos = 0;
+    return NumeroRegionalNoInicio(SemBrancosNasPontas(s), lidos);
 }
 
 double ArredondaPar(double v) {

@@ -17,6 +17,10 @@ double Val(std::string_view s);
 // Whole-text numeric parse in the regional conventions ("1.234,56" in pt_BR);
 // ErroExecucao 13 when the text is not a number.
 double TextoParaNumero(std::string_view s);
+// The number at the start of a text in the regional conventions, as an
+// operator types it in a field: "1.000,01" is 1000.01, "12abc" is 12, "" and
+// "abc" are 0. Never a type mismatch.
+double ValRegional(std::string_view s);
 
 // Rounding to an integer with halves to even (2.5 -> 2, 3.5 -> 4).
 double ArredondaPar(double v);
