@@ -58,6 +58,14 @@ double NumeroRegionalNoInicio(std::string_view v, size_t& lidos) {
     size_t i = 0;
     lidos = 0;
     if (i < v.size() && (v[i] == '+' || v[i] == '-')) t.push_back(v[i++]);
+    // Money as the regional currency format writes it ("R$ 1.234,56",
+    // "-R$ 5,00") reads as its number.
+    if (!r.moeda.empty() && v.compare(i, r.moeda.size(), r.moeda) == 0) {
+        i += r.moeda.size();
+        while (i < v.size() && v[i] == ' ')
+            ++i;
+        if (t.empty() && i < v.size() && (v[i] == '+' || v[i] == '-')) t.push_back(v[i++]);
+    }
     size_t digitos = 0;
     bool decimal = false;
     while (i < v.size()) {

@@ -14,7 +14,8 @@ namespace ztolvan {
 // the decimal point is always "." whatever the region.
 double Val(std::string_view s);
 
-// Whole-text numeric parse in the regional conventions ("1.234,56" in pt_BR);
+// Whole-text numeric parse in the regional conventions ("1.234,56" in pt_BR,
+// money in the currency format "R$ 1.234,56" too);
 // ErroExecucao 13 when the text is not a number.
 double TextoParaNumero(std::string_view s);
 // The number at the start of a text in the regional conventions, as an

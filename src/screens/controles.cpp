@@ -85,7 +85,8 @@ void Lista::Clear() {
 std::string BarraTitulo::TextoCompleto() const {
     std::string t = Caption;
     if (Empresa != 0) t += (t.empty() ? "" : "  -  ") + std::string("Empresa ") + TextoDecimal(Empresa);
-    if (!Apara(Operador).empty()) t += (t.empty() ? "" : "  -  ") + std::string("Operador ") + Apara(Operador);
+    if (!Apara(Operador).empty())
+        t += (t.empty() ? "" : "  -  ") + std::string("Operador ") + Apara(Operador);
     return t;
 }
 

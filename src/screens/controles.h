@@ -33,7 +33,17 @@ struct Fonte {
     bool operator==(const Fonte&) const = default;
 };
 
-enum class TipoControle { Rotulo, CaixaTexto, ListaSuspensa, Lista, Botao, Forma, Moldura, Grade, BarraTitulo };
+enum class TipoControle {
+    Rotulo,
+    CaixaTexto,
+    ListaSuspensa,
+    Lista,
+    Botao,
+    Forma,
+    Moldura,
+    Grade,
+    BarraTitulo
+};
 
 class Controle {
   public:
@@ -147,7 +157,7 @@ class Forma : public Controle {
     Cor FillColor = cores::Branco;
     Cor BorderColor = cores::Preto;
     int BorderWidth = 1;
-    bool Preenchida = false; // FillStyle solid
+    bool Preenchida = false;  // FillStyle solid
     bool Transparente = true; // BackStyle transparent
 };
 

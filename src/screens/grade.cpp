@@ -29,7 +29,8 @@ void Grade::DefineCols(int n) {
         const int comuns = std::min(n, colunas_);
         for (int r = 0; r < linhas_; ++r)
             for (int c = 0; c < comuns; ++c)
-                novas[static_cast<size_t>(r) * n + c] = std::move(celulas_[static_cast<size_t>(r) * colunas_ + c]);
+                novas[static_cast<size_t>(r) * n + c] =
+                    std::move(celulas_[static_cast<size_t>(r) * colunas_ + c]);
         celulas_ = std::move(novas);
     }
     colunas_ = n;

@@ -26,6 +26,9 @@ PortaJanelas& JanelasAtuais() {
 void JanelasModelo::MostraModal(Tela& t) {
     chamadas.push_back({"Modal", t.Name, "", false});
     t.Form_Activate();
+    // The focus goes where the screen put it, else to the first control in tab order.
+    if (t.Carregada() && !t.ActiveControl())
+        if (Controle* primeiro = t.ProximoNaOrdem(nullptr)) t.RecebeFoco(*primeiro);
     auto it = roteiro_.find(t.Name);
     if (it != roteiro_.end() && !it->second.empty()) {
         auto acao = std::move(it->second.front());

@@ -21,6 +21,7 @@ inline constexpr int F4 = 115;
 inline constexpr int F5 = 116;
 inline constexpr int F6 = 117;
 inline constexpr int F7 = 118;
+inline constexpr int F8 = 119;
 inline constexpr int F11 = 122;
 inline constexpr int F12 = 123;
 // Letters are their upper-case character code: 'G' is 71.

@@ -36,7 +36,9 @@ Controle& Tela::Adiciona(std::unique_ptr<Controle> c) {
 }
 
 void Tela::RemovePorPrefixo(std::string_view prefixo) {
-    auto casa = [&](const Controle* c) { return std::string_view(c->Name).substr(0, prefixo.size()) == prefixo; };
+    auto casa = [&](const Controle* c) {
+        return std::string_view(c->Name).substr(0, prefixo.size()) == prefixo;
+    };
     bool removeu = false;
     for (auto it = dinamicos_.begin(); it != dinamicos_.end();) {
         if (casa(it->get())) {
@@ -104,6 +106,17 @@ Controle* Tela::ProximoNaOrdem(const Controle* atual) const {
 
 int Tela::Tecla(Controle* alvo, int KeyCode, int Shift) {
     if (KeyPreview) Form_KeyDown(KeyCode, Shift);
+    // Menu shortcuts work with no menu bar shown: a visible, enabled item
+    // with this key runs, whatever its parents show.
+    if (KeyCode != 0 && carregada_) {
+        for (ItemMenu* m : TodosOsMenus()) {
+            if (m->Visible && m->Enabled && m->Click && m->Shortcut == Atalho{KeyCode, Shift}) {
+                KeyCode = 0;
+                m->Click();
+                break;
+            }
+        }
+    }
     if (KeyCode != 0 && carregada_ && alvo && alvo->KeyDown) alvo->KeyDown(KeyCode, Shift);
     return KeyCode;
 }

@@ -64,8 +64,8 @@ class Tela {
     Controle* ProximoNaOrdem(const Controle* atual) const;
 
     // A key pressed on control 'alvo' (nullptr: the screen itself). With
-    // KeyPreview the screen's Form_KeyDown sees it first; then the control's
-    // KeyDown. Returns the key code left over: 0 when consumed, else what the
+    // KeyPreview the screen's Form_KeyDown sees it first; then the menu
+    // shortcuts; then the control's KeyDown. Returns the key code left over: 0 when consumed, else what the
     // control should still do with it. Errors are the handlers' own business.
     int Tecla(Controle* alvo, int KeyCode, int Shift);
 

@@ -69,11 +69,14 @@ class ConectorGravador : public ConectorBD {
     void ZConnectClose(int16_t& c) override { real_->ZConnectClose(c); }
     void Consulta(int16_t c, const std::string& t, TabelaResultado& r, std::string& s,
                   std::string& m) override {
+        consultas.push_back(t);
         real_->Consulta(c, t, r, s, m);
     }
     const char* Tipo() const override { return real_->Tipo(); }
 
     std::vector<Chamada> chamadas;
+    // Statements run through the database object, in order.
+    std::vector<std::string> consultas;
     std::vector<std::string> Palavras() const;
 
   private:

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "common/conversao.h"
+#include "common/formato.h"
 #include "common/erro.h"
 #include "common/regiao.h"
 
@@ -58,6 +59,13 @@ TEST_F(RegiaoPtBr, TextoNumericoSegueARegiaoEFalhaQuandoNaoENumero) {
     EXPECT_EQ(NumeroDoErro([] { CInt(Valor("12abc")); }), 13);
     EXPECT_EQ(NumeroDoErro([] { CDbl(Valor("")); }), 13);
     EXPECT_EQ(NumeroDoErro([] { CDbl(Valor(",")); }), 13);
+    EXPECT_DOUBLE_EQ(CDbl(Valor("R$ 1.234,56")), 1234.56) << "money as the currency format writes it";
+    EXPECT_DOUBLE_EQ(CDbl(Valor(FormataMoeda(-5))), -5);
+    // What an operator types in a field: the leading number, never a mismatch.
+    EXPECT_DOUBLE_EQ(ValRegional("1.000,01"), 1000.01);
+    EXPECT_EQ(ValRegional("12abc"), 12);
+    EXPECT_EQ(ValRegional("abc"), 0);
+    EXPECT_EQ(ValRegional(""), 0);
     EXPECT_EQ(CInt(Valor()), 0) << "Empty converts to zero";
     EXPECT_EQ(CInt(Valor(true)), -1);
 }

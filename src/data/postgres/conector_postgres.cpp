@@ -1,5 +1,7 @@
 #include "data/postgres/conector_postgres.h"
 
+#include <cctype>
+
 #include <cstring>
 #include <deque>
 #include <memory>
@@ -108,6 +110,31 @@ std::string ConectorPostgres::Numera(const std::string& texto, int& parametros) 
         } else {
             r.push_back(c);
         }
+    }
+    return SemCaixaNoLike(r);
+}
+
+// The suite's server compares LIKE without regard to case, accented letters
+// included: here that is ILIKE (outside quoted texts and names).
+std::string ConectorPostgres::SemCaixaNoLike(const std::string& texto) {
+    auto letra = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$'; };
+    std::string r;
+    r.reserve(texto.size() + 4);
+    char aspas = 0;
+    for (size_t i = 0; i < texto.size(); ++i) {
+        const char c = texto[i];
+        if (aspas) {
+            if (c == aspas) aspas = 0;
+        } else if (c == '\'' || c == '"') {
+            aspas = c;
+        } else if ((c == 'L' || c == 'l') && (i == 0 || !letra(texto[i - 1])) && i + 4 <= texto.size() &&
+                   IguaisSemCaixa(std::string_view(texto).substr(i, 4), "LIKE") &&
+                   (i + 4 == texto.size() || !letra(texto[i + 4]))) {
+            r += "ILIKE";
+            i += 3;
+            continue;
+        }
+        r.push_back(c);
     }
     return r;
 }

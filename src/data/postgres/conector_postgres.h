@@ -18,6 +18,8 @@ class ConectorPostgres : public ConectorComum {
 
     // "?" placeholders outside quoted literals and identifiers become $1, $2 ...
     static std::string Numera(const std::string& texto, int& parametros);
+    // LIKE as ILIKE outside quoted texts and names.
+    static std::string SemCaixaNoLike(const std::string& texto);
 
   protected:
     bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,

@@ -86,6 +86,84 @@ int Liga(sqlite3_stmt* st, int i, const Valor& v) {
     return SQLITE_MISMATCH;
 }
 
+// Next code point of UTF-8 text; a byte that starts no valid sequence
+// counts as one character.
+char32_t ProximoCaractere(std::string_view s, size_t& i) {
+    const auto b = static_cast<unsigned char>(s[i]);
+    int n = b < 0x80 ? 0 : (b >> 5) == 6 ? 1 : (b >> 4) == 14 ? 2 : (b >> 3) == 30 ? 3 : -1;
+    if (n <= 0 || i + n >= s.size()) {
+        ++i;
+        return b;
+    }
+    char32_t c = b & (0x3F >> n);
+    for (int k = 1; k <= n; ++k) {
+        const auto d = static_cast<unsigned char>(s[i + k]);
+        if ((d & 0xC0) != 0x80) {
+            ++i;
+            return b;
+        }
+        c = (c << 6) | (d & 0x3F);
+    }
+    i += n + 1;
+    return c;
+}
+
+// LIKE's % and _ over characters, after both sides are upper-cased the way
+// the component upper-cases (accented letters included).
+bool Casa(std::string_view valor, std::string_view padrao, char32_t escape) {
+    size_t v = 0, p = 0, vMarca = std::string_view::npos, pMarca = 0;
+    while (v < valor.size()) {
+        if (p < padrao.size()) {
+            size_t pp = p;
+            char32_t pc = ProximoCaractere(padrao, pp);
+            if (pc == U'%' && pc != escape) {
+                pMarca = p = pp;
+                vMarca = v;
+                continue;
+            }
+            bool literal = false;
+            if (escape && pc == escape && pp < padrao.size()) {
+                pc = ProximoCaractere(padrao, pp);
+                literal = true;
+            }
+            size_t vv = v;
+            const char32_t vc = ProximoCaractere(valor, vv);
+            if ((!literal && pc == U'_') || pc == vc) {
+                p = pp;
+                v = vv;
+                continue;
+            }
+        }
+        if (vMarca == std::string_view::npos) return false;
+        ProximoCaractere(valor, vMarca);
+        v = vMarca;
+        p = pMarca;
+    }
+    while (p < padrao.size()) {
+        size_t pp = p;
+        if (ProximoCaractere(padrao, pp) != U'%') return false;
+        p = pp;
+    }
+    return true;
+}
+
+void FuncaoLike(sqlite3_context* ctx, int n, sqlite3_value** args) {
+    const auto* padrao = sqlite3_value_text(args[0]);
+    const auto* valor = sqlite3_value_text(args[1]);
+    if (!padrao || !valor) return sqlite3_result_null(ctx);
+    char32_t escape = 0;
+    if (n == 3) {
+        const auto* e = reinterpret_cast<const char*>(sqlite3_value_text(args[2]));
+        if (e && *e) {
+            size_t i = 0;
+            escape = ProximoCaractere(e, i);
+        }
+    }
+    const std::string p = Maiusculas(reinterpret_cast<const char*>(padrao));
+    const std::string v = Maiusculas(reinterpret_cast<const char*>(valor));
+    sqlite3_result_int(ctx, Casa(v, p, escape) ? 1 : 0);
+}
+
 bool ChaveDuplicada(int estendido) {
     return estendido == SQLITE_CONSTRAINT_PRIMARYKEY || estendido == SQLITE_CONSTRAINT_UNIQUE;
 }
@@ -118,6 +196,10 @@ bool ConectorSqlite::Conecta(const std::string&, const std::string& Banco, const
     }
     sqlite3_extended_result_codes(db_, 1);
     sqlite3_busy_timeout(db_, EsperaOcupadoMs);
+    // The suite's server compares LIKE without regard to case, accented letters included.
+    for (int n : {2, 3})
+        sqlite3_create_function(db_, "like", n, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, FuncaoLike, nullptr,
+                                nullptr);
     std::string erro;
     if (Simples("PRAGMA journal_mode=WAL", erro) != status::Ok ||
         Simples("PRAGMA synchronous=FULL", erro) != status::Ok) {

@@ -85,7 +85,8 @@ void sbMontaRodape(Tela& frm, const std::string& t1, const std::string& t2, cons
         const Forma* separador = nullptr;
         for (size_t i = 0; i < textos.size(); ++i) {
             if (textos[i]->empty()) continue;
-            if (anterior) separador = &NovoSeparador(frm, ++separadores, anterior->Left + anterior->Width + 80, f.Top);
+            if (anterior)
+                separador = &NovoSeparador(frm, ++separadores, anterior->Left + anterior->Width + 80, f.Top);
             Rotulo& l = NovoRotulo(frm, rotulos++, *textos[i], f.Top);
             l.Opaco = true;
             l.BackColor = f.FillColor;

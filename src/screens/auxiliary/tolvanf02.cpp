@@ -18,8 +18,7 @@
 namespace ztolvan {
 namespace {
 
-// Item data carries whole 32-bit codes only; a code kept as other text
-// (letters, a fraction, too many digits) cannot be picked from this list.
+// Whether a grouping code is a whole 32-bit number, which item data carries.
 bool CodigoInteiro(const Valor& v, int32_t& codigo) {
     if (v.tipo() == Valor::Tipo::Inteiro) {
         if (v.inteiro() < INT32_MIN || v.inteiro() > INT32_MAX) return false;
@@ -53,8 +52,8 @@ TolvanF02::TolvanF02() : Tela("TolvanF02") {
 
 std::string TolvanF02::Comando(int16_t empresa, const std::string& tipoPreco) {
     return std::string("Select T1.codigo, T1.nome from tbmatag T1, TBMATEQ T2 where ") +
-           " T1.empresa = T2.empresa and t1.codequiv = t2.codequiv and " + "  T1.empresa = " +
-           TextoDecimal(empresa) + " and T2.TIPO = " + tipoPreco +
+           " T1.empresa = T2.empresa and t1.codequiv = t2.codequiv and " +
+           "  T1.empresa = " + TextoDecimal(empresa) + " and T2.TIPO = " + tipoPreco +
            " and t1.STTR = 0 group by T1.empresa, T1.codigo, T1.nome order by T1.empresa, T1.nome";
 }
 
@@ -84,6 +83,7 @@ void TolvanF02::PreencheLista() {
         VariaveisTroca& t = Troca();
         Comunica& k = ComunicaAtual();
         t.CursorLista = 0;
+        codigos_.clear();
         k.Dados = Comando(s.EmpresaConsulta, s.TipoPreco);
         k.Cursor = t.CursorLista;
         k.Transacao = "OPEN";
@@ -98,11 +98,11 @@ void TolvanF02::PreencheLista() {
         linha = 30;
         t.CursorLista = k.Cursor;
         while (k.Status == status::Ok) {
-            int32_t codigo = 0;
-            if (CodigoInteiro(k.Retorno[0], codigo)) {
-                lstProdutosAgrupados.AddItem(TextoFixo(CStr(k.Retorno[1]), 55));
-                lstProdutosAgrupados.ItemData[lstProdutosAgrupados.NewIndex()] = codigo;
-            }
+            int32_t numero = 0;
+            const bool inteiro = CodigoInteiro(k.Retorno[0], numero);
+            lstProdutosAgrupados.AddItem(TextoFixo(CStr(k.Retorno[1]), 55));
+            lstProdutosAgrupados.ItemData[lstProdutosAgrupados.NewIndex()] = inteiro ? numero : 0;
+            codigos_.push_back(inteiro ? TextoDecimal(numero) : Apara(CStr(k.Retorno[0])));
             k.Cursor = t.CursorLista;
             k.Transacao = "NEXT";
             k.Retorno = Valor();
@@ -128,9 +128,12 @@ void TolvanF02::Seleciona() {
         Unload();
         return;
     }
-    t.CodigoSelecionado = TextoDecimal(lstProdutosAgrupados.ItemData[i]);
+    t.CodigoSelecionado = static_cast<size_t>(i) < codigos_.size()
+                              ? codigos_[i]
+                              : TextoDecimal(lstProdutosAgrupados.ItemData[i]);
     DoEvents();
     lstProdutosAgrupados.Clear();
+    codigos_.clear();
     DoEvents();
     Unload();
 }

@@ -1,4 +1,7 @@
 #pragma once
+#include <string>
+#include <vector>
+
 #include "screens/controles.h"
 #include "screens/tela.h"
 
@@ -6,7 +9,9 @@ namespace ztolvan {
 
 // "Lista de Produtos Agrupados": the active groupings with items in the
 // price type in effect, by name; hands the picked code back in
-// CodigoSelecionado ("" when cancelled).
+// CodigoSelecionado ("" when cancelled). A whole-number code goes back as
+// its decimal text ("007" as "7") and rides in the entry's item data; any
+// other code (the suite allows letters) goes back as its trimmed text.
 class TolvanF02 : public Tela {
   public:
     TolvanF02();
@@ -28,6 +33,7 @@ class TolvanF02 : public Tela {
 
   private:
     void Seleciona();
+    std::vector<std::string> codigos_; // per entry, what CodigoSelecionado gets
 };
 
 } // namespace ztolvan

@@ -117,7 +117,7 @@ class TolvanF01 : public Tela {
 
   private:
     enum class Listagem { Todas, TodasSemFiltro, ComEquivalencia };
-    void Lista(Listagem tipo, std::string& resultado, const char* procedimento);
+    void ListaAgrupamentos(Listagem tipo, std::string& resultado, const char* procedimento);
     void MontaRodape();
     void AplicaModo();
 
