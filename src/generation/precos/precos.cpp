@@ -32,15 +32,16 @@ double PrecoDoDia(double Valor, double PrcProm, std::string_view DtIProm, std::s
     return ArredondaValor(preco);
 }
 
-double PrecoPromocional(const std::string& formulario) {
+double PrecoPromocional(const std::string& formulario, bool* falhou) {
     double preco = 0;
-    Trapa("PrecoPromocional", formulario, [&](int& linha) {
+    const bool ok = Trapa("PrecoPromocional", formulario, [&](int& linha) {
         linha = 10;
         const A_MTBMATEQ_t& e = A_MTBMATEQ();
         const std::string hoje = HojeAAAAMMDD();
         linha = 20;
         preco = PrecoDoDia(e.Valor, e.PrcProm, e.DtIProm.str(), e.DtFProm.str(), hoje);
     });
+    if (falhou) *falhou = !ok;
     return preco;
 }
 

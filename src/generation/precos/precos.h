@@ -32,8 +32,8 @@ double PrecoDoDia(double Valor, double PrcProm, std::string_view DtIProm, std::s
                   std::string_view hoje);
 // The sale price of the equivalence record just read (A_MTBMATEQ), today by
 // the thread's clock. A run-time error is reported under the procedure's
-// name, as screen 'formulario' reports it, and gives 0.
-double PrecoPromocional(const std::string& formulario = "TolvanF01");
+// name, as screen 'formulario' reports it, and gives 0 (and *falhou true).
+double PrecoPromocional(const std::string& formulario = "TolvanF01", bool* falhou = nullptr);
 
 // --- ICMS classification of a sales item -------------------------------------
 

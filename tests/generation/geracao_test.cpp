@@ -1,0 +1,359 @@
+// The three generators end to end on the demo data of both databases: every
+// field of a written row against values worked out by hand, and the row
+// walk's messages, numbering and endings.
+#include "generation/geracao_teste.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/modules/modulos.h"
+#include "entry/sessao.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+const Valor VendaRJ = Valor::Lista{5102, "1", -1, "SP", "RJ", "SP", "RJ"};
+const char* const Arroz = "7891234100100"; // equivalence of product 1001
+
+class Geracao : public GeracaoDemo {
+  protected:
+    void SetUp() override {
+        GeracaoDemo::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        // Product 1001 (first item of CESTA01) with values chosen for the sums below.
+        db->Direto("UPDATE TBMAT SET PrcItem4 = 10, UltCValor = 12.5, PerComis = 0, NatOper = 102, "
+                   "PercPrc2 = 7, QtdItAtu = 50, QtdItBloq = 3, CCusto = 'CC-ARROZ' "
+                   "WHERE Empresa = 1 AND CodItem = '1001'");
+        db->Direto("UPDATE TBMATEQ SET SitTrib = '1', PercIsen = 1, CodICMSS = 4, IPI = 10, QtdUnd = 0 "
+                   "WHERE Empresa = 1 AND CodItem = '1001'");
+    }
+    // Keeps only the rows of these products (the item load has no order of
+    // its own), in this order, marked; "" is the row of a product the stock
+    // no longer has.
+    static std::function<void(TolvanF01&)> Linhas(std::vector<std::string> codigos) {
+        return [codigos](TolvanF01& f) {
+            Grade& g = f.GCon1;
+            std::vector<std::string> linhas;
+            for (const std::string& c : codigos)
+                for (int r = 1; r < g.Rows(); ++r) {
+                    if (Apara(g.TextMatrix(r, 9)) != c) continue;
+                    std::string l = "*";
+                    for (int k = 1; k < g.Cols(); ++k)
+                        l += "\t" + g.TextMatrix(r, k);
+                    linhas.push_back(l);
+                    break;
+                }
+            ASSERT_EQ(linhas.size(), codigos.size());
+            g.DefineRows(1);
+            for (const std::string& l : linhas)
+                g.AddItem(l);
+        };
+    }
+    int Conta(const std::string& sql) { return static_cast<int>(CDbl(Um(sql))); }
+};
+
+TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
+    Ajuste("Descricao Agrupamento Produto", "SIM");
+    Ajuste("Qtd Posicoes Agrupamento", "5");
+    Ajuste("DESCONTO CASCATA", "sim");
+    db->Direto("UPDATE TBPEV SET NatOper = 1 WHERE Empresa = 1 AND NumPed = 1");
+    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 2, Linhas({"1001", "1002"})), 0);
+
+    A_MTBPEVIT_t e, l;
+    e.Empresa = 1;
+    e.NumPed = 1;
+    e.Item = 10;
+    e.CodMat = Arroz;
+    e.CodMat2 = "1001";
+    e.DscMat = "CESTA01 / Cesta Arroz agulhinha tipo 1 5kg";
+    e.UndMat = "PC";
+    e.ValUnit = 24.9; // the grid's "R$ 24,90"
+    e.QtdMat = 2;
+    e.ClFisIPI = "10063021";
+    e.PercIPI = 10;
+    // Substitution charged (datum 2 = -1), final consumer in RJ: code 1 and
+    // code 4 both have 20.5 there.
+    e.PercICMS = 20.5;
+    e.SitTrib = "3";
+    e.SitItem = "0";
+    e.ComissVnd = 2.5; // seller 1
+    e.ComissRep = 4;   // representative 10
+    e.PercICMSS = 20.5;
+    e.GrpMat = "MERCEARIA";
+    e.ValTotal = 49.8;
+    e.NatOper = 5102; // order in SP, company in SP, product 102
+    e.ValItem = 24.9;
+    e.CodSitTrib = "07";
+    e.CCusto = "CC-ARROZ";
+    e.PrecoVenda = 1;
+    ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = 10"));
+    Compara(e, l);
+    ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = 20"));
+    EXPECT_EQ(Apara(l.CodMat2.str()), "1002");
+    EXPECT_EQ(l.SitTrib, "0") << "product 1002 is in situation 0";
+
+    A_MTBPEVDC_t dc;
+    ASSERT_TRUE(Le(dc, "TBPEVDC", "EMPRESA = 1 AND NUMPED = 1 AND ITEM = 20"));
+    EXPECT_EQ(dc.DESC1 + dc.DESC2 + dc.DESC3 + dc.DESC4 + dc.DESC5, 0);
+    EXPECT_EQ(Conta("SELECT COUNT(*) FROM TBPEVDC WHERE NUMPED = 1"), 2);
+    EXPECT_EQ(CInt(Um("SELECT NatOper FROM TBPEV WHERE Empresa = 1 AND NumPed = 1")), 5102);
+    EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{10, 20}));
+    EXPECT_TRUE(Mostradas().empty()) << Textos().front();
+
+    // A second generation continues the numbering.
+    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1, Linhas({"1003"})), 0);
+    EXPECT_EQ(ItensGerados(), std::vector<int32_t>{30});
+}
+
+TEST_P(Geracao, VendaSemEstoquePerguntaEPedeODireitoETipoDaLinhaViraPadrao) {
+    db->Direto("UPDATE TBMAT SET QtdItAtu = -2.5 WHERE Empresa = 1 AND CodItem IN ('1002', '1003')");
+    db->Direto("UPDATE TBMATEQ SET ClasFiscal = 'TIPO3' WHERE Tipo = 3");
+    db->mensagens->Responde(7); // 1002: No
+    db->mensagens->Responde(6); // 1003: Yes, and the right is refused
+    seguranca->resultado = seguranca::Recusado;
+    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1,
+                   [](TolvanF01& f) {
+                       Linhas({"1001", "1002", "1003", "1004"})(f);
+                       for (int r = 1; r < f.GCon1.Rows(); ++r)
+                           f.GCon1.DefineTextMatrix(r, TolvanF01::ColTipo, r == 1 ? "3" : "0");
+                   }),
+              0);
+    ASSERT_EQ(Mostradas().size(), 2u);
+    EXPECT_EQ(
+        Mostradas()[0].Texto,
+        "O Produto Feijão carioca tipo 1 1kg está em Falta no estoque de -2,5 Unidade(s)., Deseja incluir?");
+    EXPECT_EQ(Mostradas()[0].Tipo, 4);
+    EXPECT_EQ(Mostradas()[0].Titulo, "Itens em Falta");
+    ASSERT_EQ(seguranca->pedidas.size(), 1u) << "No never asks for the right";
+    const ChecagemPedida& p = seguranca->pedidas[0];
+    EXPECT_EQ(p.Codigo, 1);
+    EXPECT_EQ(p.Programa, "PJVELPEV");
+    EXPECT_EQ(p.Funcao, "DISPON");
+    EXPECT_EQ(p.TextoPassado, "9999");
+    EXPECT_EQ(p.Empresa, 1);
+    EXPECT_EQ(p.Operador, "TESTE");
+    // 1002 and 1003 skipped without a gap; every row read type 3 after row 1.
+    EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{10, 20}));
+    A_MTBPEVIT_t l;
+    ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = 20"));
+    EXPECT_EQ(Apara(l.CodMat2.str()), "1004");
+    EXPECT_EQ(Apara(l.ClFisIPI.str()), "TIPO3");
+    EXPECT_EQ(l.PrecoVenda, 0) << "the field keeps the row's own type";
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 3);
+
+    // With the right, a Yes writes the item.
+    seguranca->resultado = seguranca::Autorizado;
+    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1, Linhas({"1002"})), 0);
+    EXPECT_EQ(ItensGerados(), std::vector<int32_t>{30});
+}
+
+TEST_P(Geracao, DocumentoPorTipoComMargemIPIEBloqueio) {
+    Ajuste("BLOQUEIA ITENS", "SIM");
+    const Valor dados = Valor::Lista{5102, "1", -1, "SP", "RJ", "SP", "RJ"};
+    // Type 2: FLGES 2, FLGCMED 0 (FlCMES "3", blocks stock), FLGFC 1 (joined read).
+    EXPECT_EQ(Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 2), 0);
+    A_MTBDOCIT_t e, l;
+    e.Empresa = 1;
+    e.Seq = 1;
+    e.NumNF = "000123";
+    e.SerieNF = "1";
+    e.Item = 100;
+    e.CodMat = Arroz;
+    e.CodMat2 = "1001";
+    e.DscMat = "Arroz agulhinha tipo 1 5kg";
+    e.UndMat = "PC";
+    e.ValUnit = 24.9;
+    e.QtdUnd = 1; // QTDUND 0
+    e.QtdMat = 2;
+    e.ClFisIPI = "10063021";
+    e.PercIPI = 10;
+    e.PercICMS = 20.5;
+    e.SitTrib = "3";
+    e.FlCMES = "3";
+    e.Status = "0";
+    e.ComissVnd = 2.5;
+    e.ComissRep = 4;
+    e.PercICMSS = 20.5;
+    e.TpMov = 2;
+    e.GrpMat = "MERCEARIA";
+    e.ValTotal = 49.8;
+    e.CustoGer = 10;
+    // u = 24.9; charges 24.9 x (20.5 + 3 + 0.65 + 12 + 1.2 + 1.08) / 100 = 9.56907.
+    e.MargemLiq = 24.9 - 10 - 9.56907;
+    e.BaseIPI = 49.8;
+    e.ValIPI = 4.98;
+    e.NatOper = 5102;
+    e.CodSitTrib = "00";
+    e.CCusto = "CC-ARROZ";
+    e.ValItem = 24.9;
+    e.PrecoVenda = 1;
+    ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 100"));
+    Compara(e, l);
+    EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 5);
+
+    // Type 1 (FLGES 1, FLGCMED 0): last purchase value, no IPI, no margin,
+    // commissions left at 0, FlCMES "2" and no blocking; numbered by 100.
+    EXPECT_EQ(Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 1), 0);
+    ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 200"));
+    EXPECT_EQ(l.ValUnit, 12.5);
+    EXPECT_EQ(Apara(l.ClFisIPI.str()), "");
+    EXPECT_EQ(l.PercIPI + l.BaseIPI + l.ValIPI + l.CustoGer + l.MargemLiq + l.ComissVnd + l.ComissRep, 0);
+    EXPECT_EQ(l.FlCMES, "2");
+    EXPECT_EQ(l.TpMov, 1);
+    EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 5);
+    // CTAIR starting with 1 takes PrcItem4.
+    db->Direto("UPDATE TBPNF SET CTAIR = '1.1.02' WHERE EMPRESA = 1 AND CODIGO = 1");
+    Gera("D", dados, "CESTA01", 1, Linhas({"1001"}), 1);
+    ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 300"));
+    EXPECT_EQ(l.ValUnit, 10);
+
+    // Back on type 2, a negative quantity lowers the block, never below 0.
+    db->Direto("UPDATE TBMATAG SET Qtd = -4 WHERE Empresa = 1 AND Codigo = 'CESTA01' AND CodItem = '1001'");
+    Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 2);
+    EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 0);
+    EXPECT_EQ(ItensGerados(), std::vector<int32_t>{400});
+    EXPECT_TRUE(Mostradas().empty()) << Textos().front();
+}
+
+TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
+    db->Direto("UPDATE TBMATEQ SET SitTrib = '3' WHERE Empresa = 1 AND CodItem = '1001'");
+    db->Direto(
+        "UPDATE TBCUS SET PrecoTab = 200, Desc1 = 10, Desc2 = 0, IPI = 12, ICMS = 7, Frete = 5, "
+        "Emb = 2, FreteEmbut = 0, Seguro = 1.5 WHERE Empresa = 1 AND CodMat = '1001' AND CodFor = 101");
+    const Valor dados = Valor::Lista{1102, 101};
+    // 1009 has no cost with supplier 101: generated at 0, and said so.
+    EXPECT_EQ(Gera("C", dados, "CESTA01", 2, Linhas({"1001", "1009"})), 0);
+    A_MTBPECIT_t e, l;
+    e.Empresa = 1;
+    e.NumPed = 1;
+    e.CodFor = 101;
+    e.Item = 10;
+    e.CodMat = Arroz;
+    e.CodMat2 = "1001";
+    e.DscMat = "Arroz agulhinha tipo 1 5kg";
+    e.UndMat = "PC";
+    e.ValUnit = 180; // 200 less 10%
+    e.QtdMat = 2;
+    e.ClFisIPI = "10063021";
+    e.PercIPI = 12; // the cost record's, once the base is worked out
+    e.SitItem = "0";
+    e.PrecoTab = 200;
+    e.Desc1 = 10;
+    e.Emb = 2;
+    e.Frete = 5;
+    e.MultVend = 1.35;
+    e.PercICMS = 7;
+    // Ordinary rates 18 (code 1) and 18 (code 4): 3600 / 18 / 100 x 100 - 100.
+    e.PercICMSS = 100;
+    e.SitTrib = "3";
+    e.GrpMat = "MERCEARIA";
+    e.QtdRec = 2;
+    e.ValRec = 180;
+    // freight 9, packing 3.6, ipi (180 + 3.6) x 12% = 22.032; 2 x (180 + 9 + 22.032) x 2.
+    e.BaseIcmsSub = 844.128;
+    e.PerCusFixo = 10;
+    e.PerPis = 0.65;
+    e.PerCofins = 3;
+    e.PerMargem = 30;
+    e.PerICMSVenda = 18;
+    e.Seguro = 1.5;
+    e.NatOper = 1102;
+    e.CCusto = "CC-ARROZ";
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 10"));
+    Compara(e, l);
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 20"));
+    EXPECT_EQ(l.ValUnit, 0);
+    EXPECT_EQ(l.PrecoTab, 0);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto, "Produto " + TextoFixo("7891234100900", 20) +
+                                        "\rLeite UHT integral 1L\r sem Valores definidos!");
+
+    // The sale price instead of the cost, and another supplier's order of
+    // the same number numbers its items apart.
+    Ajuste("COMPRA PRCVEN", "SIM");
+    db->Direto("INSERT INTO TBPEC (Empresa, NumPed, CodFor, NatOper) VALUES (1, 1, 106, 1102)");
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 106}, "CESTA01", 1, Linhas({"1001"})), 0);
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 106 AND Item = 10"));
+    EXPECT_EQ(l.ValUnit, 24.9);
+    EXPECT_EQ(l.PrecoTab, 0) << "no cost record for supplier 106";
+    EXPECT_EQ(l.PercIPI, 10) << "without a cost record the equivalence's IPI stays";
+}
+
+TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
+    // The multiplier dialog closed with Esc leaves QtdGera at 0.
+    janelas->AoMostrar("TolvanF01", [](Tela& t) {
+        auto& f = static_cast<TolvanF01&>(t);
+        f.cboPesquisa.Seleciona(1);
+        f.txtPesquisa.Digita("CESTA01");
+        f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+        f.Tecla(&f.GCon1, tecla::Letra('G'), modificador::Ctrl);
+    });
+    int16_t empresa = 1, opcao = 1, ret = 0, zs = 0, tp = 0;
+    int32_t cod = 0, doc = 1;
+    std::string op = "TESTE", senha, origem = "V", mens;
+    Valor dados = VendaRJ;
+    componente->ZProcessa(empresa, op, senha, opcao, cod, origem, doc, tp, ret, zs, mens, &dados);
+    EXPECT_EQ(ret, 1);
+    EXPECT_EQ(Textos(), std::vector<std::string>{"Zero Itens Gerados"});
+
+    // " v " is the sales mode on the screen (not marked at load) and V here.
+    db->mensagens->Limpa();
+    EXPECT_EQ(Gera(" v ", VendaRJ, "CESTA01", 1, Linhas({"1001"})), 0);
+    EXPECT_EQ(ItensGerados(), std::vector<int32_t>{10});
+
+    // "P": the multiplier is asked, nothing generated.
+    janelas->AoMostrar("TolvanF01", [this](Tela& t) {
+        auto& f = static_cast<TolvanF01&>(t);
+        f.MSFGAgrupamento.Seleciona(1, 0);
+        f.GCon1.DefineTextMatrix(1, 0, "*");
+        const size_t antes = janelas->Conta("Modal");
+        sbGerarDocumento(f);
+        EXPECT_EQ(janelas->Conta("Modal"), antes + 1);
+    });
+    origem = "P";
+    componente->ZProcessa(empresa, op, senha, opcao, cod, origem, doc, tp, ret, zs, mens, &dados);
+    EXPECT_EQ(ret, 1);
+    EXPECT_EQ(Conta("SELECT COUNT(*) FROM TBPEVIT"), 1);
+
+    // Purchase origin starts unmarked: nothing marked, no multiplier dialog.
+    db->mensagens->Limpa();
+    const size_t modais = janelas->Conta("Modal");
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "CESTA01"), 1);
+    EXPECT_EQ(Textos(), std::vector<std::string>{"Deve-se selecionar algum Produto"});
+    EXPECT_EQ(janelas->Conta("Modal"), modais + 1) << "TolvanF01 only";
+}
+
+TEST_P(Geracao, ProdutoDesconhecidoIndisponivelEErroDeExecucao) {
+    // CESTA02 holds a product the stock no longer has (row 6); 1002 blocked.
+    db->Direto("UPDATE TBMATEQ SET Dispon = '1' WHERE Empresa = 1 AND CodItem = '1002'");
+    db->Direto("UPDATE TBMATEQ SET Dispon = '5' WHERE Empresa = 1 AND CodItem = '1003'");
+    EXPECT_EQ(
+        Gera("D", VendaRJ, "CESTA02", 1, Linhas({"1001", "1002", "1003", "1005", "1006", "", "1014"}), 1), 0);
+    const std::vector<std::string> t = Textos();
+    ASSERT_EQ(t.size(), 2u);
+    EXPECT_EQ(t[0],
+              "Produto " + TextoFixo("7891234100200", 20) + "\rFeijão carioca tipo 1 1kg\r NÃO DISPONÍVEL!");
+    EXPECT_EQ(t[1], "Produto " + TextoFixo("", 20) +
+                        "\rPRODUTO NÃO CADASTRADO PARA ESTA EMPRESA\r NÃO CADASTRADO !");
+    EXPECT_EQ(Mostradas()[1].Tipo, 48);
+    EXPECT_EQ(Mostradas()[1].Titulo, "Agrupamento");
+    EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{100, 200, 300, 400, 500}));
+
+    // A product whose situation is not a number stops the sales loop with
+    // the report; the items before it stay written.
+    db->mensagens->Limpa();
+    db->Direto("UPDATE TBMATEQ SET SitTrib = 'X' WHERE Empresa = 1 AND CodItem = '1003'");
+    EXPECT_EQ(Gera("V", VendaRJ, "CESTA02", 1, Linhas({"1001", "1002", "1003", "1005"})), 0);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - GeraVenda");
+    EXPECT_EQ(Mostradas()[0].Tipo, 16);
+    EXPECT_EQ(Mostradas()[0].Titulo, "Aviso");
+    EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{10, 20}));
+    EXPECT_EQ(Conta("SELECT COUNT(*) FROM TBPEVIT WHERE NumPed = 1"), 2);
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Geracao);
+
+} // namespace
