@@ -7,11 +7,19 @@
 
 namespace ztolvan {
 
-Campo RecordSet::Fields(const std::string& nome) const {
-    if (Eof()) throw ErroExecucao(3021, "Não há registro atual");
+Campo RecordSet::Fields(const std::string& nome) const { return {ValorNa(Indice(nome))}; }
+
+size_t RecordSet::Indice(const std::string& nome) const {
     for (size_t i = 0; i < tabela_.colunas.size(); ++i)
-        if (IguaisSemCaixa(tabela_.colunas[i], nome)) return {tabela_.linhas[posicao_][i]};
+        if (IguaisSemCaixa(tabela_.colunas[i], nome)) return i;
     throw ErroExecucao(3265, "Item não encontrado nesta coleção: " + nome);
+}
+
+const Valor& RecordSet::ValorNa(size_t indice) const {
+    if (Eof()) throw ErroExecucao(3021, "Não há registro atual");
+    const auto& linha = tabela_.linhas[posicao_];
+    if (indice >= linha.size()) throw ErroExecucao(3265, "Item não encontrado nesta coleção");
+    return linha[indice];
 }
 
 bool clsBancoDados::fcAbreBancoDadosVeltra(int16_t) { return ConectorAtual() != nullptr; }

@@ -20,6 +20,10 @@ class RecordSet {
     // Column by name, any case; ErroExecucao 3265-like when there is no such
     // column or no current row.
     Campo Fields(const std::string& nome) const;
+    // The position of a column, looked up once for a walk over many rows
+    // (same error as Fields when there is none), and a field by position.
+    size_t Indice(const std::string& nome) const;
+    const Valor& ValorNa(size_t indice) const;
     void MoveFirst() { posicao_ = 0; }
     void MoveNext() {
         if (!Eof()) ++posicao_;

@@ -102,6 +102,14 @@ void Grade::AddItem(std::string_view linha) {
     MudouEstrutura();
 }
 
+void Grade::AddItem(std::vector<std::string>&& celulas) {
+    celulas.resize(static_cast<size_t>(colunas_));
+    for (auto& c : celulas)
+        celulas_.push_back(std::move(c));
+    ++linhas_;
+    MudouEstrutura();
+}
+
 void Grade::Clear() {
     for (auto& c : celulas_)
         c.clear();

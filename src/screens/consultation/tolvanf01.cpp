@@ -738,28 +738,26 @@ void TolvanF01::sbPesquisaProdutos() {
         std::vector<std::string> equivalencias;
         RecordSet& rs = res.rsDadosRetorno;
         equivalencias.reserve(rs.RecordCount() + 1);
-        std::string linhaGrade;
+        GCon1.Reserva(static_cast<int>(rs.RecordCount()) + 1);
+        const size_t cDsc = rs.Indice("DSCITEM"), cDispon = rs.Indice("DISPON"),
+                     cForn = rs.Indice("RAZFORNEC"), cQtd = rs.Indice("QTD"), cValor = rs.Indice("VALOR"),
+                     cEmbal = rs.Indice("Embal"), cRef = rs.Indice("CODREF"), cEquiv = rs.Indice("CodEquiv"),
+                     cItem = rs.Indice("CodItem"), cTipo = rs.Indice("Tipo");
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
-            const std::string dsc = TextoFixo(Apara(CStr(rs.Fields("DSCITEM").Value)), 100);
-            const int16_t dispon = DisponDe(rs.Fields("DISPON").Value);
-            const std::string fornecedor = TextoFixo(CStr(rs.Fields("RAZFORNEC").Value), 60);
-            const double qtd = CDbl(rs.Fields("QTD").Value);
-            const double valor = CDbl(rs.Fields("VALOR").Value);
-            const std::string embal = TextoFixo(CStr(rs.Fields("Embal").Value), 2);
-            const std::string codRef = TextoFixo(CStr(rs.Fields("CODREF").Value), 20);
-            const std::string codEquiv = TextoFixo(CStr(rs.Fields("CodEquiv").Value), 20);
-            const std::string codItem = TextoFixo(CStr(rs.Fields("CodItem").Value), 20);
-            const int16_t tipo = CInt(rs.Fields("Tipo").Value);
-            linha = 70;
-            linhaGrade.clear();
-            linhaGrade +=
-                marca + "\t" + Apara(dsc) + "\t" + Situacao(dispon) + "\t" + Esquerda(fornecedor, 40);
-            linhaGrade +=
-                "\t" + CStr(Valor(qtd)) + "\t" + FormataMoeda(valor) + "\t" + FormataMoeda(valor * qtd);
-            linhaGrade +=
-                "\t" + embal + "\t" + codEquiv + "\t" + codItem + "\t" + codRef + "\t" + TextoDecimal(tipo);
-            GCon1.AddItem(linhaGrade);
+            const double qtd = CDbl(rs.ValorNa(cQtd));
+            const double valor = CDbl(rs.ValorNa(cValor));
+            std::string codEquiv = TextoFixo(CStr(rs.ValorNa(cEquiv)), 20);
             equivalencias.push_back(codEquiv);
+            linha = 70;
+            // mark, description, availability, supplier (40 of its 60), quantity, unit value, total,
+            // packaging, equivalence, product, reference, price type
+            GCon1.AddItem({marca, Apara(TextoFixo(Apara(CStr(rs.ValorNa(cDsc))), 100)),
+                           Situacao(DisponDe(rs.ValorNa(cDispon))),
+                           Esquerda(TextoFixo(CStr(rs.ValorNa(cForn)), 60), 40), CStr(Valor(qtd)),
+                           FormataMoeda(valor), FormataMoeda(valor * qtd),
+                           TextoFixo(CStr(rs.ValorNa(cEmbal)), 2), std::move(codEquiv),
+                           TextoFixo(CStr(rs.ValorNa(cItem)), 20), TextoFixo(CStr(rs.ValorNa(cRef)), 20),
+                           TextoDecimal(CInt(rs.ValorNa(cTipo)))});
             linha = 60;
         }
         equivalencias.emplace_back();
