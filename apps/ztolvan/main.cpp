@@ -1,5 +1,6 @@
 // ztolvan: the host command line. It stands in for the suite's host screens:
-// creates and seeds databases and calls ZProcessa with any of its arguments.
+// creates and seeds databases, calls ZProcessa with any of its arguments and
+// generates documents without a display, through the same screen model.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <iostream>
@@ -17,7 +18,12 @@
 #include "data/schema/esquema.h"
 #include "data/sqlite/conector_sqlite.h"
 #include "entry/sessao.h"
+#include "generation/geracao.h"
 #include "saida.h"
+#include "screens/auxiliary/tolvanf03.h"
+#include "screens/auxiliary/tolvanf05.h"
+#include "screens/consultation/tolvanf01.h"
+#include "screens/janelas.h"
 #include "ztolvan/consultalista.h"
 
 using namespace ztolvan;
@@ -28,6 +34,8 @@ namespace {
 constexpr int SaidaOk = 0;
 constexpr int SaidaBanco = 2;
 constexpr int SaidaInterna = 3;
+constexpr int SaidaNadaGerado = 4;
+constexpr int SaidaLinhaInvalida = 5;
 
 struct Conexao {
     std::string db, servidor, banco, usuario, senhaBanco;
@@ -48,19 +56,24 @@ struct Conexao {
     }
 };
 
-// Messages go to stderr; yes/no questions get the answer the operator chose.
+// Messages go to stderr (a line break where the message has one) and are
+// kept in order; yes/no questions get the answer the operator chose.
 class MensagensDoTerminal : public PortaMensagens {
   public:
     explicit MensagensDoTerminal(bool sim) : sim_(sim) {}
     Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& T1,
                    const std::string&, const std::string&, int32_t, const std::string&) override {
-        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), Texto.c_str(), T1.empty() ? "" : " | ",
-                     T1.c_str());
+        mostradas.push_back({Texto, Tipo, Titulo});
+        std::string t = Texto;
+        for (char& ch : t)
+            if (ch == '\r') ch = '\n';
+        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), t.c_str(), T1.empty() ? "" : " | ", T1.c_str());
         int botao = PrimeiroBotao(Tipo);
         if (!sim_ && botao == msg::RespostaSim) return msg::RespostaNao;
         if (!sim_ && botao == msg::RespostaOK && (Tipo & 7) == msg::OKCancelar) return msg::RespostaCancelar;
         return botao;
     }
+    std::vector<MensagemMostrada> mostradas;
 
   private:
     bool sim_;
@@ -188,6 +201,132 @@ int Processa(const Conexao& c, const ArgumentosProcessa& a) {
     return SaidaOk;
 }
 
+struct ArgumentosGera {
+    int empresa = 1, numdoc = 0, tpmov = 0, multiplicador = 1;
+    std::string operador = "DEMO", origem, dadosVendas, agrupamento, itens;
+    std::optional<int> tipoPreco;
+    std::vector<std::string> quantidades;
+    std::string resposta = "nao";
+    bool json = false;
+};
+
+// Data rows of a list "1,3,5" (1-based); false with the reason when one is
+// not a row of the grid.
+bool LinhasDaLista(const std::string& lista, int linhas, std::vector<int>& r, std::string& erro) {
+    std::stringstream ss(lista);
+    std::string item;
+    while (std::getline(ss, item, ',')) {
+        char* fim = nullptr;
+        long n = std::strtol(item.c_str(), &fim, 10);
+        if (item.empty() || *fim != '\0' || n < 1 || n > linhas) {
+            erro = "linha '" + item + "' fora dos itens do agrupamento (1.." + std::to_string(linhas) + ")";
+            return false;
+        }
+        r.push_back(static_cast<int>(n));
+    }
+    return true;
+}
+
+// What the operator does on the consultation screen: find the grouping by
+// code, mark, change quantities, answer the multiplier and generate. False
+// with the reason when a row given on the command line is not in the grid.
+bool OperaConsulta(TolvanF01& f, JanelasModelo& janelas, const ArgumentosGera& a, std::string& erro) {
+    f.cboPesquisa.Seleciona(1); // "Código"
+    f.txtPesquisa.Text.clear();
+    f.txtPesquisa.Digita(a.agrupamento);
+    f.bttPesquisa_Click();
+    const int linhas = f.GCon1.Rows() - 1;
+    if (Normaliza(a.itens) == "TODOS") {
+        f.sbMarcarTodosDaTela();
+    } else if (Normaliza(a.itens) == "NENHUM") {
+        f.sbDesmarcarTodosDaTela();
+    } else if (!a.itens.empty()) {
+        std::vector<int> marcar;
+        if (!LinhasDaLista(a.itens, linhas, marcar, erro)) return false;
+        f.sbDesmarcarTodosDaTela();
+        for (int r : marcar) {
+            f.GCon1.Seleciona(r, 0);
+            f.sbMarcarSelecionado();
+        }
+    }
+    for (const std::string& q : a.quantidades) {
+        const size_t igual = q.find('=');
+        std::vector<int> linha;
+        if (igual == std::string::npos || !LinhasDaLista(q.substr(0, igual), linhas, linha, erro) ||
+            linha.size() != 1) {
+            if (erro.empty()) erro = "quantidade '" + q + "' não é LINHA=QTD";
+            return false;
+        }
+        const std::string qtd = q.substr(igual + 1);
+        janelas.AoMostrar("TolvanF03", [qtd](Tela& t) {
+            auto& d = static_cast<TolvanF03&>(t);
+            d.TQtd.Text.clear();
+            d.TQtd.Digita(qtd);
+            d.BTOk_Click();
+        });
+        f.GCon1.Seleciona(linha[0], 1);
+        f.MnuAltQtd_Click();
+    }
+    const std::string k = std::to_string(a.multiplicador);
+    janelas.AoMostrar("TolvanF05", [k](Tela& t) {
+        auto& d = static_cast<TolvanF05&>(t);
+        d.TxQtdGera.Text.clear();
+        d.TxQtdGera.Digita(k);
+        d.bok_Click();
+    });
+    f.sbGerarDocumento();
+    return true;
+}
+
+// Generation without a display: ZProcessa fills the context as for
+// "processa" (no screen), then the consultation screen's model is driven as
+// an operator would drive it, on the display-free window system.
+int Gera(const Conexao& c, const ArgumentosGera& a) {
+    auto mensagens = std::make_shared<MensagensDoTerminal>(Normaliza(a.resposta) == "SIM");
+    auto janelas = std::make_shared<JanelasModelo>();
+    PortasAtuais().mensagens = mensagens;
+    PortasAtuais().telas = janelas;
+    c.Fixa();
+    consultalista componente;
+    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
+    InstalaGeracao();
+    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = static_cast<int16_t>(a.tpmov),
+            statusret = 0, zstatus = 0;
+    int32_t codigo = 0, numdoc = a.numdoc;
+    std::string operador = a.operador, senha, origem = a.origem, mens;
+    Valor dados = a.dadosVendas.empty() ? Valor() : ListaDeDados(a.dadosVendas);
+    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
+    bool inativos = false, captura = false;
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
+                         mens, &dados, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+    // A call that failed (sales data missing or malformed) would open no
+    // screen: nothing to generate.
+    bool falhou = false;
+    for (const MensagemMostrada& m : mensagens->mostradas)
+        falhou = falhou || m.Tipo == msg::Critico;
+
+    std::string erro;
+    bool linhasValidas = true;
+    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
+        linhasValidas = OperaConsulta(static_cast<TolvanF01&>(t), *janelas, a, erro);
+    });
+    if (!falhou) {
+        TolvanF01 tela;
+        MostraModal(tela);
+    }
+    if (!linhasValidas) {
+        std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
+        return SaidaLinhaInvalida;
+    }
+    // What ZProcessa hands back once the screen has closed.
+    statusret = static_cast<int16_t>(SessaoAtual().StatusRet);
+    Resultado r{codigo, statusret, zstatus, mens, dados, nullptr};
+    r.mensagens = &mensagens->mostradas;
+    r.itens = &ItensGerados();
+    std::cout << (a.json ? ComoJson(r) : ComoTexto(r));
+    return ItensGerados().empty() ? SaidaNadaGerado : SaidaOk;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -230,11 +369,36 @@ int main(int argc, char** argv) {
     proc->add_flag("--json", a.json, "print as JSON");
     proc->add_flag("--mostrar-sessao", a.mostrarSessao, "also print Sessao after the call");
 
+    ArgumentosGera g;
+    Conexao conexaoGera;
+    auto* gera =
+        app.add_subcommand("gerar", "generate the marked items of a grouping into the open document");
+    conexaoGera.Opcoes(gera);
+    gera->add_option("--empresa", g.empresa, "zEmpresa")->required();
+    gera->add_option("--operador", g.operador, "zoperador")->required();
+    gera->add_option("--origem", g.origem, "V sales order, C purchase order, D store document")
+        ->required()
+        ->check(CLI::IsMember({"V", "C", "D"}));
+    gera->add_option("--numdoc", g.numdoc, "Znumdoc: the open document")->required();
+    gera->add_option("--tpmov", g.tpmov, "Ztpmov (store documents)");
+    gera->add_option("--dados-vendas", g.dadosVendas, "ZDadosVendas, comma-separated (V/D: 7 values, C: 2)");
+    gera->add_option("--tipo-preco", g.tipoPreco, "ztipodepreco (omitted when not given)");
+    gera->add_option("--agrupamento", g.agrupamento, "grouping code, searched as the operator does")
+        ->required();
+    gera->add_option("--itens", g.itens, "todos, nenhum or data rows 1,3,5 (default: the origin's marks)");
+    gera->add_option("--quantidade", g.quantidades, "ROW=QTD through the quantity dialog (repeatable)");
+    gera->add_option("--multiplicador", g.multiplicador, "answer to the multiplier dialog")
+        ->capture_default_str();
+    gera->add_option("--resposta", g.resposta, "answer to yes/no questions: sim or nao")
+        ->capture_default_str();
+    gera->add_flag("--json", g.json, "print as JSON");
+
     CLI11_PARSE(app, argc, argv);
     try {
         if (*init) return Init(conexao);
         if (*seed) return Seed(conexaoSeed);
         if (*proc) return Processa(conexaoProc, a);
+        if (*gera) return Gera(conexaoGera, g);
         if (*consulta) return Consulta(conexaoConsulta, sql);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "ztolvan: %s\n", e.what());

@@ -1,6 +1,7 @@
 #include "saida.h"
 
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -65,44 +66,34 @@ std::string Texto(const Valor& v) {
     return CStr(v);
 }
 
-std::string Json(const Valor& v) {
+using Json = nlohmann::ordered_json;
+
+Json ComoJsonDe(const Valor& v) {
     switch (v.tipo()) {
     case Valor::Tipo::Vazio:
-        return "null";
+        return nullptr;
     case Valor::Tipo::Inteiro:
+        return v.inteiro();
     case Valor::Tipo::Duplo:
+        return v.duplo();
     case Valor::Tipo::Logico:
-        return Texto(v);
-    case Valor::Tipo::Lista: {
-        std::string r = "[";
-        for (size_t i = 0; i < v.tamanho(); ++i)
-            r += (i ? "," : "") + Json(v[i]);
-        return r + "]";
-    }
+        return v.logico();
     case Valor::Tipo::Texto:
+        return v.texto();
+    case Valor::Tipo::Lista:
         break;
     }
-    std::string r = "\"";
-    for (unsigned char c : v.texto()) {
-        if (c == '"' || c == '\\') {
-            r += '\\';
-            r += static_cast<char>(c);
-        } else if (c < 0x20) {
-            char b[8];
-            std::snprintf(b, sizeof b, "\\u%04x", c);
-            r += b;
-        } else {
-            r += static_cast<char>(c);
-        }
-    }
-    return r + "\"";
+    Json r = Json::array();
+    for (const Valor& x : v.lista())
+        r.push_back(ComoJsonDe(x));
+    return r;
 }
 
-std::string Objeto(const Campos& campos) {
-    std::string r = "{";
-    for (size_t i = 0; i < campos.size(); ++i)
-        r += (i ? ", " : "") + Json(Valor(campos[i].first)) + ": " + Json(campos[i].second);
-    return r + "}";
+Json Objeto(const Campos& campos) {
+    Json r = Json::object();
+    for (const auto& [k, v] : campos)
+        r[k] = ComoJsonDe(v);
+    return r;
 }
 
 } // namespace
@@ -116,17 +107,28 @@ std::string ComoTexto(const Resultado& r) {
         for (auto& [k, v] : CamposDaSessao(*r.sessao))
             o << "  " << k << ": " << Texto(v) << "\n";
     }
+    if (r.itens) {
+        o << "itens:";
+        for (size_t i = 0; i < r.itens->size(); ++i)
+            o << (i ? "," : " ") << (*r.itens)[i];
+        o << "\n";
+    }
     return o.str();
 }
 
 std::string ComoJson(const Resultado& r) {
-    Campos c = CamposDoResultado(r);
-    std::string o = Objeto(c);
-    if (r.sessao) {
-        o.pop_back();
-        o += ", \"Sessao\": " + Objeto(CamposDaSessao(*r.sessao)) + "}";
+    Json o = Objeto(CamposDoResultado(r));
+    if (r.sessao) o["Sessao"] = Objeto(CamposDaSessao(*r.sessao));
+    if (r.mensagens) {
+        Json m = Json::array();
+        for (const MensagemMostrada& x : *r.mensagens)
+            m.push_back({{"Texto", x.Texto}, {"Tipo", x.Tipo}, {"Titulo", x.Titulo}});
+        o["mensagens"] = std::move(m);
     }
-    return o + "\n";
+    if (r.itens) o["itens"] = *r.itens;
+    // A text that is not valid UTF-8 (a database may hold one) is shown with
+    // replacement characters rather than failing the whole answer.
+    return o.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 } // namespace ztolvan

@@ -1,6 +1,9 @@
 #pragma once
+#include <cstdint>
 #include <string>
+#include <vector>
 
+#include "common/mensagens.h"
 #include "common/valor.h"
 #include "entry/sessao.h"
 
@@ -14,6 +17,9 @@ struct Resultado {
     std::string zstatusmens;
     Valor ZDadosVendas;
     const Sessao* sessao = nullptr; // printed too when set
+    // A generation's messages in the order shown and the items it wrote.
+    const std::vector<MensagemMostrada>* mensagens = nullptr;
+    const std::vector<int32_t>* itens = nullptr;
 };
 
 std::string ComoTexto(const Resultado& r);

@@ -1,0 +1,148 @@
+// "ztolvan gerar" on the demo database, as a script would run it: exit
+// codes, the JSON answer, and what reached the database.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <sqlite3.h>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Saida {
+    int codigo = -1;
+    std::string texto;
+};
+
+Saida Roda(const std::string& args) {
+    Saida s;
+    const std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + " 2>/dev/null";
+    FILE* p = popen(cmd.c_str(), "r");
+    std::array<char, 4096> buf{};
+    while (p && fgets(buf.data(), buf.size(), p))
+        s.texto += buf.data();
+    const int st = p ? pclose(p) : -1;
+    s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+    return s;
+}
+
+class Gerar : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        pasta = fs::temp_directory_path() / ("ztolvan-gerar-" + std::to_string(getpid()) + "-" +
+                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::create_directories(pasta);
+        banco = (pasta / "demo.db").string();
+        setenv("ZTOLVAN_LOG_DIR", pasta.c_str(), 1);
+        ASSERT_EQ(Roda("init --db " + banco).codigo, 0);
+        ASSERT_EQ(Roda("seed --db " + banco).codigo, 0);
+    }
+    void TearDown() override { fs::remove_all(pasta); }
+
+    nlohmann::json Gera(const std::string& args, int esperado) {
+        Saida s = Roda("gerar --db " + banco + " --empresa 1 --json " + args);
+        EXPECT_EQ(s.codigo, esperado) << s.texto;
+        return nlohmann::json::parse(s.texto, nullptr, false);
+    }
+    void Direto(const std::string& sql) {
+        sqlite3* db = nullptr;
+        ASSERT_EQ(sqlite3_open(banco.c_str(), &db), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+        sqlite3_close(db);
+    }
+    // The rows of a statement, tab-separated, through the dispatcher.
+    std::string Consulta(const std::string& sql) {
+        Saida s = Roda("consulta --db " + banco + " \"" + sql + "\"");
+        std::string linhas;
+        size_t ini = s.texto.find('\n') + 1; // after PREPARE
+        ini = s.texto.find('\n', ini) + 1;   // after OPEN
+        const size_t fim = s.texto.find("NEXT:");
+        return s.texto.substr(ini, fim - ini);
+    }
+
+    fs::path pasta;
+    std::string banco;
+};
+
+const std::string Venda = "--origem V --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP --agrupamento CESTA01 ";
+
+TEST_F(Gerar, VendaComLinhasQuantidadeEMultiplicador) {
+    nlohmann::json j =
+        Gera("--operador DEMO " + Venda + "--itens 1,2,3 --quantidade 2=3 --multiplicador 2", 0);
+    ASSERT_TRUE(j.is_object());
+    EXPECT_EQ(j["Zstatusret"], 0);
+    EXPECT_EQ(j["zstatus"], 0);
+    EXPECT_EQ(j["itens"], nlohmann::json::parse("[10, 20, 30]"));
+    EXPECT_TRUE(j["mensagens"].empty()) << j["mensagens"];
+    // Row 2's quantity became 3, times the multiplier.
+    EXPECT_EQ(Consulta("SELECT Item, QtdMat FROM TBPEVIT WHERE NumPed = 1 AND Item = 20"), "20\t6\n");
+    EXPECT_EQ(Consulta("SELECT COUNT(*) FROM TBPEVDC WHERE NUMPED = 1"), "3\n") << "DEMO has cascade on";
+
+    // Every row of a sales order starts marked; the one out of stock asks.
+    j = Gera("--operador DEMO " + Venda, 0);
+    ASSERT_EQ(j["mensagens"].size(), 1u);
+    EXPECT_EQ(j["mensagens"][0]["Titulo"], "Itens em Falta");
+    EXPECT_EQ(j["mensagens"][0]["Tipo"], 4);
+    EXPECT_EQ(j["itens"].size(), 12u) << "answered no: 13 rows less the one without stock";
+    EXPECT_EQ(j["itens"][0], 40);
+    // With no stock at all, Yes needs the right: DEMO lacks it, SUPERVISOR has it.
+    Direto("UPDATE TBMAT SET QtdItAtu = 0 WHERE Empresa = 1");
+    j = Gera("--operador DEMO --resposta sim " + Venda + "--itens 5", 4);
+    EXPECT_EQ(j["mensagens"].size(), 1u);
+    j = Gera("--operador SUPERVISOR --resposta sim " + Venda + "--itens 5", 0);
+    EXPECT_EQ(j["itens"], nlohmann::json::parse("[160]")) << j["mensagens"];
+}
+
+TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
+    nlohmann::json j = Gera("--operador DEMO --origem C --numdoc 1 --dados-vendas 1102,101 "
+                            "--agrupamento CESTA01",
+                            4);
+    EXPECT_EQ(j["Zstatusret"], 1);
+    EXPECT_EQ(j["itens"], nlohmann::json::array());
+    ASSERT_EQ(j["mensagens"].size(), 1u);
+    EXPECT_EQ(j["mensagens"][0]["Texto"], "Deve-se selecionar algum Produto");
+
+    j = Gera("--operador DEMO --origem C --numdoc 1 --dados-vendas 1102,101 --agrupamento LIMPEZA "
+             "--itens todos",
+             0);
+    EXPECT_EQ(j["itens"].size(), 7u);
+    EXPECT_EQ(Consulta("SELECT COUNT(*) FROM TBPECIT WHERE NumPed = 1 AND CodFor = 101"), "7\n");
+
+    j = Gera("--operador DEMO --origem D --numdoc 1 --tpmov 2 --dados-vendas 5102,1,0,SP,SP,SP,SP "
+             "--agrupamento LIMPEZA --itens nenhum",
+             4);
+    j = Gera("--operador DEMO --origem D --numdoc 1 --tpmov 2 --dados-vendas 5102,1,0,SP,SP,SP,SP "
+             "--agrupamento LIMPEZA --itens 7,1",
+             0);
+    EXPECT_EQ(j["itens"], nlohmann::json::parse("[100, 200]"));
+
+    j = Gera("--operador DEMO --origem D --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP "
+             "--agrupamento NAOEXISTE",
+             4);
+    ASSERT_FALSE(j["mensagens"].empty());
+    EXPECT_EQ(j["mensagens"][0]["Texto"], "Agrupamento Inexistente");
+    // Without the sales data ZProcessa reports its failure and no screen opens.
+    j = Gera("--operador DEMO --origem D --numdoc 1 --agrupamento LIMPEZA --itens todos", 4);
+    ASSERT_EQ(j["mensagens"].size(), 1u);
+    EXPECT_EQ(j["mensagens"][0]["Texto"], "Atenção! erro não previsto na função - ZProcessa");
+
+    EXPECT_EQ(Roda("gerar --db " + banco + " --empresa 1 --operador DEMO " + Venda + "--itens 0").codigo, 5);
+    EXPECT_EQ(
+        Roda("gerar --db " + banco + " --empresa 1 --operador DEMO " + Venda + "--quantidade 99=1").codigo,
+        5);
+    EXPECT_NE(Roda("gerar --db " + banco +
+                   " --empresa 1 --operador DEMO --origem P --numdoc 1 "
+                   "--agrupamento CESTA01")
+                  .codigo,
+              0);
+    EXPECT_EQ(
+        Roda("gerar --db " + (pasta / "nao.db").string() + " --empresa 1 --operador DEMO " + Venda).codigo,
+        2);
+}
+
+} // namespace
