@@ -305,8 +305,8 @@ void TolvanF07::sbGeraDadosVenda(int& linha) {
             fecha();
             return;
         }
-        texto += LinhaDadosVenda(ag.CodItem, ag.CodEquiv, fator * ag.Qtd, prefixo, A_MTBMATEQ().DscItem,
-                                 preco);
+        texto +=
+            LinhaDadosVenda(ag.CodItem, ag.CodEquiv, fator * ag.Qtd, prefixo, A_MTBMATEQ().DscItem, preco);
         s.DadosRetorno = Valor(texto);
         linha = 50;
         ag.Funcao = "FSEL010";
@@ -335,8 +335,8 @@ void TolvanF07::FazCommit() {
         MTBMATAG();
         const Comunica& c = ComunicaAtual();
         if (c.Status != status::Ok)
-            MostraMensagem("Erro no Commit..\\ Comunica.Transacao=" + c.Transacao + "\\ Comunica.Msg=" + c.Msg +
-                               "\\ Comunica.Status" + c.Status,
+            MostraMensagem("Erro no Commit..\\ Comunica.Transacao=" + c.Transacao +
+                               "\\ Comunica.Msg=" + c.Msg + "\\ Comunica.Status" + c.Status,
                            msg::OK, "Agrupamento");
     });
 }

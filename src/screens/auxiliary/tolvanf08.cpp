@@ -82,8 +82,8 @@ TolvanF08::TolvanF08(Grade& agrupamentos, const Grade* itens)
 }
 
 std::string TolvanF08::ComandoTipos() {
-    return std::string("SELECT TIPO, ") + " (SELECT COUNT(TIPO) FROM TBMATTP) AS QUANTIDADE " + " FROM TBMATTP" +
-           " ORDER BY TIPO";
+    return std::string("SELECT TIPO, ") + " (SELECT COUNT(TIPO) FROM TBMATTP) AS QUANTIDADE " +
+           " FROM TBMATTP" + " ORDER BY TIPO";
 }
 
 std::string TolvanF08::CodigoDaLinha() const {
@@ -110,8 +110,8 @@ void TolvanF08::Form_Load() {
         Form_Resize();
         linha = 20;
         const std::string sql = "SELECT NOME, STTR, OBSERVACAO, TIPO FROM TBMATAG WHERE CODIGO ='" +
-                                DobraAspas(CodigoDaLinha()) + "'" + " AND EMPRESA ='" + TextoDecimal(s.Empresa) +
-                                "'";
+                                DobraAspas(CodigoDaLinha()) + "'" + " AND EMPRESA ='" +
+                                TextoDecimal(s.Empresa) + "'";
         clsBancoDados bd;
         bd.fcAbreBancoDadosVeltra(1);
         ResultadoComando r = bd.fcExecutaComando(1, sql, false);
@@ -241,8 +241,8 @@ void TolvanF08::fnContaTipoEquivalencia(const std::string& codEquiv, int16_t& qu
     quantidade = 0;
     const std::string sql = std::string("SELECT COUNT(*) AS QUANTIDADE") + " FROM TBMATEQ" +
                             " WHERE EMPRESA = " + TextoDecimal(SessaoAtual().Empresa) + " AND CODEQUIV = '" +
-                            DobraAspas(codEquiv) + "'" + " AND TIPO = '" + TextoDecimal(Troca().TipoAgrupamento) +
-                            "'";
+                            DobraAspas(codEquiv) + "'" + " AND TIPO = '" +
+                            TextoDecimal(Troca().TipoAgrupamento) + "'";
     clsBancoDados bd;
     bd.fcAbreBancoDadosVeltra(1);
     ResultadoComando r = bd.fcExecutaComando(1, sql, false);
@@ -285,8 +285,8 @@ bool TolvanF08::FazCommit() {
         const Comunica& c = ComunicaAtual();
         confirmado = c.Status == status::Ok;
         if (!confirmado)
-            MostraMensagem("Erro no Commit..\\ Comunica.Transacao=" + c.Transacao + "\\ Comunica.Msg=" + c.Msg +
-                               "\\ Comunica.Status" + c.Status,
+            MostraMensagem("Erro no Commit..\\ Comunica.Transacao=" + c.Transacao +
+                               "\\ Comunica.Msg=" + c.Msg + "\\ Comunica.Status" + c.Status,
                            msg::OK, "Agrupamento");
     });
     return confirmado;
@@ -321,7 +321,8 @@ void TolvanF08::bttIncluir_Click() {
         }
         if (!faltam.empty()) {
             cbTipo.ListIndex = IndiceTipoOriginal;
-            MostraMensagem("Não existe Tipo " + TextoDecimal(a.Tipo) + " para todos os itens nesse agrupamento.",
+            MostraMensagem("Não existe Tipo " + TextoDecimal(a.Tipo) +
+                               " para todos os itens nesse agrupamento.",
                            msg::Critico, "AVISO", ItensSemPreco(faltam), s.Operador, "bttIncluir");
             return;
         }
