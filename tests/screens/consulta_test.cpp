@@ -170,7 +170,7 @@ TEST_P(Consulta, InicioPorModoListaOsAgrupamentosComOsComandosDoModo) {
     std::vector<std::string> preparados;
     for (const auto& c : gravador->chamadas)
         if (c.Transacao == "PREPARE") preparados.push_back(c.Texto);
-    ASSERT_FALSE(preparados.empty());
+    ASSERT_EQ(preparados.size(), 1u) << "start-up lists twice on one prepared statement";
     EXPECT_EQ(preparados.back(),
               "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome  From TBMATAG T1  "
               "Where T1.Empresa = 1 and T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, "

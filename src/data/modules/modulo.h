@@ -1,4 +1,6 @@
 #pragma once
+#include <string>
+#include <unordered_map>
 // The table-access pattern, written once: a module is a list of handlers,
 // each a statement with where its select columns go and where its "?"
 // values come from. Both are read off the statement text against the column
@@ -89,6 +91,8 @@ const std::vector<DefinicaoModulo>& Definicoes();
 // handler order; 0 = not prepared on this connection.
 struct TabelaCursores {
     std::array<std::array<int16_t, MaxManipuladores>, NumeroDeModulos> slots{};
+    // Statements the screens build at run time, by their text.
+    std::unordered_map<std::string, int16_t> construidos;
 };
 
 } // namespace ztolvan::modulos

@@ -1,6 +1,8 @@
 #include "data/modules/modulos.h"
 
 #include "common/contexto.h"
+#include "data/comunica.h"
+#include "data/despachante.h"
 #include "data/modules/modulo.h"
 
 namespace ztolvan {
@@ -51,6 +53,20 @@ ZT_DEFINE_CHAVE_(EquivMTBMAT)
 #undef ZT_DEFINE_CHAVE_
 
 void ZeraCursoresModulos() { DaThread<modulos::TabelaCursores>() = {}; }
+
+int16_t CursorDoComando(const std::string& texto) {
+    auto& guardados = DaThread<modulos::TabelaCursores>().construidos;
+    Comunica& c = ComunicaAtual();
+    if (auto it = guardados.find(texto); it != guardados.end()) {
+        c.Cursor = it->second;
+        c.Status = status::Ok;
+        return it->second;
+    }
+    PreparaComando(texto);
+    if (c.Status != status::Ok) return 0;
+    guardados.emplace(texto, c.Cursor);
+    return c.Cursor;
+}
 
 std::string TextoDoComando(std::string_view modulo, std::string_view funcao) {
     if (const auto* d = Acha(modulo))

@@ -59,6 +59,12 @@ ZT_DECLARA_CHAVE_(EquivMTBMAT)
 // a new connection): the next call of each handler prepares again.
 void ZeraCursoresModulos();
 
+// A statement a screen builds at run time, prepared on its first use on this
+// connection and reused after: the handle for the text (Comunica.Cursor holds
+// it too), or 0 with the failure in Comunica. ZeraCursoresModulos forgets
+// these as well.
+int16_t CursorDoComando(const std::string& texto);
+
 // ICMS rates of a company's ICMS code: the general rates from TBICM, and for
 // kind "F" the state's own substitution rate from TBICMUF when it has one.
 // Both 0 when the code is not found. Comunica.Status ends "00" whenever the

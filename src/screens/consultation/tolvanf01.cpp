@@ -9,6 +9,7 @@
 #include "common/texto.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
+#include "data/modules/modulos.h"
 #include "entry/sessao.h"
 #include "entry/settings/configuracao.h"
 #include "screens/auxiliary/rodape.h"
@@ -461,8 +462,11 @@ void TolvanF01::ListaAgrupamentos(Listagem tipo, std::string& resultado, const c
                    : " Group By T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome ";
         linha = 40;
         Comunica& k = ComunicaAtual();
-        PreparaComando(sql);
-        const int16_t cursor = k.Cursor;
+        const int16_t cursor = CursorDoComando(sql);
+        if (cursor == 0) {
+            resultado = "99/Erro não Prévisto, " + k.Msg;
+            return;
+        }
         k.Dados = std::string();
         k.Transacao = "OPEN";
         ExecutaComunica();
