@@ -1,0 +1,219 @@
+// Grouping maintenance opened from the consultation screen by a double
+// click, on the demo data of both databases: the price-type check, the
+// question, what is written on every row and what goes back to the grid.
+#include <gtest/gtest.h>
+
+#include "common/conversao.h"
+#include "common/portas.h"
+#include "common/texto.h"
+#include "data/modules/modulos_teste.h"
+#include "entry/sessao.h"
+#include "screens/auxiliary/tolvanf08.h"
+#include "screens/consultation/tolvanf01.h"
+#include "screens/janelas.h"
+#include "screens/teclas.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+// Keeps the detail text of each message as well.
+class MensagensComDetalhe : public MensagensGravadas {
+  public:
+    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo,
+                   const std::string& Texto1, const std::string& Texto2, const std::string& Texto3,
+                   int32_t Valor1, const std::string& Texto4) override {
+        detalhes.push_back(Texto1);
+        return MensagensGravadas::fnMsgbox(Texto, Tipo, Titulo, Texto1, Texto2, Texto3, Valor1, Texto4);
+    }
+    std::vector<std::string> detalhes;
+};
+
+class Manutencao : public ComEsquema {
+  protected:
+    void SetUp() override {
+        ComEsquema::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        std::string msg;
+        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
+        PortasAtuais().telas = janelas;
+        PortasAtuais().mensagens = mensagens;
+        InstalaManutencao();
+        Sessao& s = SessaoAtual();
+        s.Empresa = s.EmpresaConsulta = 1;
+        s.Operador = "TESTE";
+        s.Origem = s.OrigemTrim = "";
+        s.OrigemDocumento = false;
+        s.TipoPreco = "1";
+        gravador->chamadas.clear();
+    }
+    void TearDown() override {
+        DefineAcoesConsulta({});
+        ComEsquema::TearDown();
+    }
+    // Searches the grouping on the consultation screen, double-clicks it and
+    // lets the operator act on the maintenance screen; 'depois' looks at the
+    // consultation screen once maintenance closed.
+    void Mantem(const std::string& codigo, std::function<void(TolvanF08&)> acao,
+                std::function<void(TolvanF01&)> depois = {}) {
+        janelas->AoMostrar("TolvanF01", [&](Tela& t) {
+            auto& f = static_cast<TolvanF01&>(t);
+            f.cboPesquisa.Seleciona(1);
+            f.txtPesquisa.Digita(codigo);
+            f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+            janelas->AoMostrar("TolvanF08", [&](Tela& m) {
+                auto& tela = static_cast<TolvanF08&>(m);
+                acao(tela);
+            });
+            f.MSFGAgrupamento.DblClick();
+            if (depois) depois(f);
+        });
+        TolvanF01 f;
+        MostraModal(f);
+    }
+    int Linhas(const std::string& onde) {
+        return static_cast<int>(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE EMPRESA = 1 AND " + onde)));
+    }
+
+    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
+    std::shared_ptr<MensagensComDetalhe> mensagens = std::make_shared<MensagensComDetalhe>();
+};
+
+TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
+    db->Direto("DELETE FROM TBMATEQ WHERE EMPRESA = 1 AND TIPO = 2 AND CODITEM = '1037'");
+    Mantem("ESCOLAR", [&](TolvanF08& m) {
+        EXPECT_EQ(m.TxNome.Text, "Kit escolar ensino fundamental");
+        EXPECT_EQ(m.cbTipo.Itens, (std::vector<std::string>{"1", "2", "3"}));
+        EXPECT_EQ(m.cbTipo.Text(), "1");
+        EXPECT_FALSE(m.TxCodigo.Enabled || m.BtListaItem.Enabled);
+        EXPECT_FALSE(m.BtListaItem.ToolTipText.empty());
+        m.cbTipo.Seleciona(1);
+        m.bttIncluir.Click();
+        EXPECT_TRUE(m.Carregada()) << "refused: the screen stays open";
+        EXPECT_EQ(m.cbTipo.Text(), "1") << "the type goes back to the grouping's";
+
+        // Cleared fields leave no code to save: reported, nothing written.
+        m.bttLimpar.Click();
+        EXPECT_EQ(m.TxNome.Text, " ");
+        EXPECT_EQ(m.cbTipo.Text(), "1");
+        m.bttIncluir.Click();
+        EXPECT_TRUE(m.Carregada());
+        m.Tecla(nullptr, tecla::Esc, 0);
+        EXPECT_FALSE(m.Carregada());
+    });
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
+    const auto& recusa = mensagens->Mostradas()[0];
+    EXPECT_EQ(recusa.Texto, "Não existe Tipo 2 para todos os itens nesse agrupamento.");
+    EXPECT_EQ(recusa.Tipo, 16);
+    EXPECT_EQ(recusa.Titulo, "AVISO");
+    EXPECT_EQ(
+        mensagens->detalhes[0],
+        "Itens sem preço neste tipo:\n7891234103700 - Lápis preto nº 2\n7891234104500 - Mochila escolar");
+    EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Atenção! erro não previsto na função - bttIncluir_Click");
+    EXPECT_EQ(Linhas("CODIGO = 'ESCOLAR' AND (TIPO <> 1 OR NOME <> 'Kit escolar ensino fundamental')"), 0);
+    const auto p = Palavras();
+    EXPECT_EQ(std::count(p.begin(), p.end(), "EXECUTE"), 0);
+    const auto& c = gravador->consultas;
+    EXPECT_NE(std::find(c.begin(), c.end(),
+                        "SELECT NOME, STTR, OBSERVACAO, TIPO FROM TBMATAG WHERE CODIGO "
+                        "='ESCOLAR' AND EMPRESA ='1'"),
+              c.end());
+    EXPECT_NE(
+        std::find(
+            c.begin(), c.end(),
+            "SELECT TIPO,  (SELECT COUNT(TIPO) FROM TBMATTP) AS QUANTIDADE  FROM TBMATTP ORDER BY TIPO"),
+        c.end());
+}
+
+TEST_P(Manutencao, TrocaDeTipoPerguntadaCanceladaEDepoisGravadaEmTodasAsLinhas) {
+    Mantem(
+        "LIMPEZA",
+        [&](TolvanF08& m) {
+            m.TxNome.Text = "Kit limpeza renovado";
+            m.cbTipo.Seleciona(1);
+            mensagens->Responde(msg::RespostaCancelar);
+            m.bttIncluir.Click();
+            EXPECT_TRUE(m.Carregada());
+            EXPECT_EQ(m.cbTipo.Text(), "1");
+            EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA' AND TIPO = 2"), 0) << "cancelled: nothing written";
+            m.cbTipo.Seleciona(1);
+            mensagens->Responde(msg::RespostaOK);
+            m.bttIncluir.Click();
+            EXPECT_FALSE(m.Carregada());
+        },
+        [&](TolvanF01& f) {
+            EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 1), "Kit limpeza renovado");
+            EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 2), "Ativo");
+            ASSERT_EQ(f.GCon1.Rows(), 8) << "the items are loaded again";
+            EXPECT_EQ(f.GCon1.TextMatrix(1, TolvanF01::ColTipo), "2");
+        });
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
+    for (const auto& m : mensagens->Mostradas()) {
+        EXPECT_EQ(m.Texto, "Tipo de Preço do Agrupamento será alterado para todos os itens.");
+        EXPECT_EQ(m.Tipo, 1);
+        EXPECT_EQ(m.Titulo, "Agrupamento");
+    }
+    EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA' AND TIPO = 2 AND NOME = 'Kit limpeza renovado'"), 7);
+    EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA'"), 7);
+    const auto p = Palavras();
+    auto execute = std::find(p.begin(), p.end(), "EXECUTE");
+    ASSERT_NE(execute, p.end());
+    EXPECT_EQ(*(execute + 1), "COMMIT");
+}
+
+TEST_P(Manutencao, InativoENomesLongosCortadosSemPerguntaQuandoOTipoNaoMuda) {
+    std::string nome, observacao;
+    for (int i = 0; i < 120; ++i)
+        nome += "Ç";
+    for (int i = 0; i < 35; ++i)
+        observacao += "observação";
+    Mantem(
+        "CESTA01",
+        [&](TolvanF08& m) {
+            m.CmbSituacao.Seleciona(1);
+            m.TxNome.Text = nome;
+            m.txtObservacao.Text = observacao;
+            m.bttIncluir.Click();
+            EXPECT_FALSE(m.Carregada());
+        },
+        [&](TolvanF01& f) {
+            EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 2), "Inativo");
+            EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 1), Esquerda(nome, 100));
+        });
+    EXPECT_TRUE(mensagens->Mostradas().empty()) << "the type did not change: nothing asked";
+    EXPECT_EQ(Linhas("CODIGO = 'CESTA01' AND STTR = 1"), 13);
+    EXPECT_EQ(Linhas("CODIGO = 'CESTA01'"), 13);
+    EXPECT_EQ(AparaDireita(CStr(Um("SELECT NOME FROM TBMATAG WHERE CODIGO = 'CESTA01' AND ITEM = 5"))),
+              Esquerda(nome, 100));
+    EXPECT_EQ(AparaDireita(CStr(Um("SELECT OBSERVACAO FROM TBMATAG WHERE CODIGO = 'CESTA01' AND ITEM = 13"))),
+              Esquerda(observacao, 300));
+}
+
+TEST_P(Manutencao, AtualizacaoRecusadaNaoDeixaNadaPendenteEFecha) {
+    if (db->kind() == Kind::Sqlite) {
+        db->Direto(
+            "CREATE TRIGGER recusa BEFORE UPDATE ON TBMATAG BEGIN SELECT RAISE(ABORT, 'bloqueado'); END");
+    } else {
+        db->Direto("CREATE FUNCTION recusa() RETURNS trigger LANGUAGE plpgsql AS "
+                   "$$ BEGIN RAISE EXCEPTION 'bloqueado'; END $$");
+        db->Direto("CREATE TRIGGER recusa BEFORE UPDATE ON TBMATAG FOR EACH ROW EXECUTE FUNCTION recusa()");
+    }
+    Mantem("HIGIENE", [&](TolvanF08& m) {
+        m.TxNome.Text = "Outro nome";
+        m.bttIncluir.Click();
+        EXPECT_FALSE(m.Carregada()) << "an update error closes the screen";
+    });
+    ASSERT_EQ(mensagens->Mostradas().size(), 1u);
+    EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Atenção! erro na atualização do agrupamento.");
+    EXPECT_NE(mensagens->detalhes[0].find("bloqueado"), std::string::npos) << mensagens->detalhes[0];
+    const auto p = Palavras();
+    auto execute = std::find(p.begin(), p.end(), "EXECUTE");
+    ASSERT_NE(execute, p.end());
+    EXPECT_EQ(*(execute + 1), "ROLLBACK");
+    EXPECT_EQ(Linhas("CODIGO = 'HIGIENE' AND NOME = 'Kit higiene pessoal'"), 8);
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Manutencao);
+
+} // namespace
