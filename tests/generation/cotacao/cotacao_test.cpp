@@ -1,0 +1,291 @@
+// The quotation through the recording printer, on both databases (the page
+// header reads the company): pages of 55 item lines, the description's
+// wrap, header, item line, totals and footer as printed, fonts and their
+// fallbacks, and the way from the consultation screen's print command.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "common/contexto.h"
+#include "common/formato.h"
+#include "common/portas.h"
+#include "common/relogio_teste.h"
+#include "common/texto.h"
+#include "data/modules/modulos_teste.h"
+#include "entry/sessao.h"
+#include "generation/cotacao/cotacao.h"
+#include "generation/cotacao/tolvanf04.h"
+#include "screens/consultation/tolvanf01.h"
+#include "screens/janelas.h"
+#include "screens/teclas.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+// A line as the layout places its pieces: each text from its column.
+std::string Colunas(const std::vector<std::pair<int, std::string>>& pecas) {
+    LinhaImpressa l;
+    for (const auto& [coluna, texto] : pecas) {
+        TrechoImpresso t;
+        t.coluna = coluna;
+        t.texto = texto;
+        l.trechos.push_back(t);
+    }
+    return l.Texto();
+}
+
+bool LinhaDeItem(const LinhaImpressa& l) {
+    return !l.trechos.empty() && l.trechos[0].coluna == 1 && !l.trechos[0].sublinhado;
+}
+bool Continuacao(const LinhaImpressa& l) { return l.trechos.size() == 1 && l.trechos[0].coluna == 22; }
+
+class Cotacoes : public ComEsquema {
+  protected:
+    void SetUp() override {
+        ComEsquema::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        std::string msg;
+        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
+        PortasAtuais().telas = janelas;
+        DefineFabricaImpressora([this] { return impressora; });
+        ParaORelogio(2024, 3, 5, 14, 7, 9);
+        Sessao& s = SessaoAtual();
+        s.Empresa = 1;
+        s.Operador = "TESTE";
+        f.GridCabecalho();
+        f.LNome.Caption = "Cesta básica";
+    }
+    void TearDown() override {
+        DefineFabricaImpressora({});
+        DefineAcoesConsulta({});
+        DefineRelogio({});
+        ComEsquema::TearDown();
+    }
+    void Item(const std::string& marca, const std::string& dsc, const std::string& qtd = "1",
+              const std::string& preco = "R$ 1,00", const std::string& emb = "UN",
+              const std::string& produto = "1001") {
+        f.GCon1.AddItem(marca + "\t" + dsc + "\tAtivo\tFornecedor\t" + qtd + "\t" + preco + "\t\t" + emb +
+                        "\t7891234100100\t" + TextoFixo(produto, 20) + "\tREF\t1");
+    }
+    bool Imprime(const std::string& titulo = "", const std::string& rodape = "") {
+        return ImprimeCotacao(*impressora, f, titulo, rodape);
+    }
+    std::vector<LinhaImpressa>& Pagina(size_t i) { return impressora->paginas.at(i); }
+    // Item numbers of a page, and how many item lines (continuations too) it holds.
+    std::vector<int> Numeros(size_t pagina) {
+        std::vector<int> r;
+        for (const auto& l : Pagina(pagina))
+            if (LinhaDeItem(l) && std::isdigit(static_cast<unsigned char>(l.trechos[0].texto[0])))
+                r.push_back(std::stoi(l.trechos[0].texto));
+        return r;
+    }
+    int LinhasDeItens(size_t pagina) {
+        return static_cast<int>(Numeros(pagina).size()) +
+               static_cast<int>(std::count_if(Pagina(pagina).begin(), Pagina(pagina).end(), Continuacao));
+    }
+
+    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
+    std::shared_ptr<ImpressoraGravada> impressora = std::make_shared<ImpressoraGravada>();
+    TolvanF01 f;
+};
+
+TEST_P(Cotacoes, SessentaItensEmDuasPaginasNumeradosSemRecomecar) {
+    for (int i = 1; i <= 66; ++i)
+        Item(i % 11 == 0 ? "" : "*", "Produto " + std::to_string(i));
+    ASSERT_TRUE(Imprime());
+    ASSERT_EQ(impressora->paginas.size(), 2u);
+    std::vector<int> primeira(55), segunda(5);
+    std::iota(primeira.begin(), primeira.end(), 1);
+    std::iota(segunda.begin(), segunda.end(), 56);
+    EXPECT_EQ(Numeros(0), primeira);
+    EXPECT_EQ(Numeros(1), segunda);
+    EXPECT_EQ(Pagina(1)[1].Texto(), " Empresa: 1-Bom Preço") << "every page has its header";
+    EXPECT_EQ(impressora->sobreposicoes, 0);
+    EXPECT_TRUE(impressora->encerrada);
+    EXPECT_FALSE(impressora->cancelada);
+}
+
+TEST_P(Cotacoes, DescricaoQuebraACada36SemPedacosEmBrancoEOItemNaoSeParte) {
+    for (int i = 1; i <= 52; ++i)
+        Item("*", "Curto " + std::to_string(i));
+    const std::string longa = "Arroz agulhinha tipo 1 pacote de cin"
+                              "co quilos, safra nova, grãos longos "
+                              "e finos.";
+    ASSERT_EQ(Largura(longa), 80u);
+    Item("*", longa);
+    Item("*", std::string(36, 'A') + std::string(36, ' ') + "FIM");
+    ASSERT_TRUE(Imprime());
+    ASSERT_EQ(impressora->paginas.size(), 2u);
+    EXPECT_EQ(LinhasDeItens(0), 55) << "item 53 takes lines 53 to 55";
+    std::vector<std::string> pedacos;
+    for (const auto& l : Pagina(0))
+        if (Continuacao(l)) pedacos.push_back(l.trechos[0].texto);
+    EXPECT_EQ(pedacos, (std::vector<std::string>{"co quilos, safra nova, grãos longos ", "e finos."}));
+    EXPECT_EQ(Numeros(1), std::vector<int>{54}) << "two lines do not fit in what is left";
+    ASSERT_EQ(std::count_if(Pagina(1).begin(), Pagina(1).end(), Continuacao), 1);
+    EXPECT_EQ(std::find_if(Pagina(1).begin(), Pagina(1).end(), Continuacao)->trechos[0].texto, "FIM");
+    EXPECT_EQ(impressora->sobreposicoes, 0);
+}
+
+TEST_P(Cotacoes, CabecalhoItensTotaisERodapeComoImpressosEFontesDeReserva) {
+    impressora->ausentes = {"Courier New"};
+    Item("*", "Arroz agulhinha tipo 1 5kg", "2", FormataMoeda(24.9), "PC", "1001");
+    Item("", "Não marcado", "9", "R$ 9,00");
+    Item("*", "Café", "0,5", "12,50", "UN", "1004");
+    ASSERT_TRUE(Imprime("Natal", "  Obrigado pela preferência "));
+    ASSERT_EQ(impressora->paginas.size(), 1u);
+    std::vector<std::string> texto;
+    for (const auto& l : Pagina(0))
+        texto.push_back(l.Texto());
+    const std::string brancos(60, ' ');
+    EXPECT_EQ(texto, (std::vector<std::string>{
+                         "",
+                         " Empresa: 1-Bom Preço",
+                         " Sistema: VELTRA" + brancos + "Data: 05/03/2024",
+                         " Módulo : VENDAS" + brancos + "Hora:   14:07:09",
+                         "",
+                         std::string(92, '-'),
+                         "",
+                         "Cotação - Cesta básica(Natal)",
+                         "",
+                         "",
+                         Colunas({{1, "Item"},
+                                  {6, "Produto"},
+                                  {22, "Descrição"},
+                                  {64, "Qtd"},
+                                  {68, "UN"},
+                                  {78, "Preço"},
+                                  {88, "Total"}}),
+                         "",
+                         Colunas({{1, "1"},
+                                  {6, "1001"},
+                                  {22, "Arroz agulhinha tipo 1 5kg"},
+                                  {58, "    2,000"},
+                                  {68, "PC"},
+                                  {75, "   24,90"},
+                                  {83, "     49,80"}}),
+                         Colunas({{1, "2"},
+                                  {6, "1004"},
+                                  {22, "Café"},
+                                  {58, "    0,500"},
+                                  {68, "UN"},
+                                  {75, "   12,50"},
+                                  {83, "      6,25"}}),
+                         "",
+                         Colunas({{68, "Total Geral"}, {81, "       56,05"}}),
+                         "",
+                         "",
+                         Colunas({{2, "Obrigado pela preferência"}}),
+                     }));
+    const auto& l = Pagina(0);
+    EXPECT_TRUE(l[1].trechos[0].negrito && !l[1].trechos[1].negrito) << "labels bold, values not";
+    EXPECT_EQ(l[7].trechos[0].tamanho, 12);
+    EXPECT_TRUE(l[7].trechos[0].negrito);
+    EXPECT_TRUE(l[10].trechos[0].sublinhado);
+    EXPECT_EQ(l[12].trechos[0].tamanho, 9);
+    EXPECT_EQ(l[12].trechos[0].fonte, "Courier") << "no Courier New on this printer";
+    EXPECT_TRUE(l[15].trechos[1].negrito);
+    EXPECT_FALSE(l[18].trechos[0].negrito);
+
+    db->Direto(
+        "INSERT INTO TBREGSRV (USUARIO, CHAVE, VALOR) VALUES ('TESTE', 'IMPRESSORA MATRICIAL', 'sim')");
+    for (const char* ausente : {"", "Draft 12cpi"}) {
+        impressora = std::make_shared<ImpressoraGravada>();
+        impressora->ausentes = {ausente};
+        ASSERT_TRUE(Imprime());
+        EXPECT_EQ(Pagina(0)[12].trechos[0].fonte, *ausente ? "Times New Roman" : "Draft 12cpi");
+    }
+}
+
+TEST_P(Cotacoes, SemMarcasSemLinhasSemEmpresaOuComAImpressoraEmFalha) {
+    Item("", "Sem marca");
+    ASSERT_TRUE(Imprime());
+    ASSERT_EQ(impressora->paginas.size(), 1u);
+    EXPECT_EQ(Pagina(0)[7].Texto(), "Cotação - Cesta básica") << "no title, no parentheses";
+    EXPECT_TRUE(Numeros(0).empty());
+    EXPECT_EQ(Pagina(0).back().Texto(), Colunas({{68, "Total Geral"}, {81, "        0,00"}}));
+
+    f.GridCabecalho();
+    impressora = std::make_shared<ImpressoraGravada>();
+    ASSERT_TRUE(Imprime("", "Rodapé"));
+    std::vector<std::string> texto;
+    for (const auto& l : Pagina(0))
+        texto.push_back(l.Texto());
+    EXPECT_EQ(texto, (std::vector<std::string>{"", Colunas({{68, "Total Geral"}, {81, "        0,00"}}), "",
+                                               "", Colunas({{2, "Rodapé"}})}))
+        << "no data rows: no header";
+    EXPECT_TRUE(Mostradas().empty());
+
+    Item("*", "Com marca");
+    SessaoAtual().Empresa = 99;
+    impressora = std::make_shared<ImpressoraGravada>();
+    ASSERT_TRUE(Imprime());
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto.rfind("Erro status = ", 0), 0u);
+    EXPECT_EQ(Mostradas()[0].Titulo, "Agrupamento");
+    EXPECT_EQ(janelas->Conta("Bipe"), 1u);
+    EXPECT_EQ(Numeros(0), std::vector<int>{1}) << "the items print without the header";
+    db->mensagens->Limpa();
+
+    SessaoAtual().Empresa = 1;
+    impressora = std::make_shared<ImpressoraGravada>();
+    impressora->falhaNaChamada = 9;
+    EXPECT_FALSE(Imprime());
+    EXPECT_TRUE(impressora->cancelada);
+    EXPECT_FALSE(impressora->encerrada);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto, "Verifique a Impressora !!! ");
+    EXPECT_EQ(Mostradas()[0].Titulo, "Impressão");
+}
+
+TEST_P(Cotacoes, ComandoImprimirPedeOCodigoPerguntaEImprimePeloDialogo) {
+    InstalaCotacao();
+    Item("*", "Arroz agulhinha tipo 1 5kg");
+    f.Tecla(&f.GCon1, tecla::F4, 0);
+    EXPECT_EQ(f.CMensagem.Caption, "Código não informado");
+    EXPECT_TRUE(Mostradas().empty());
+
+    f.txtPesquisa.Text = "CESTA01";
+    db->mensagens->Responde(msg::RespostaNao);
+    f.Tecla(&f.GCon1, tecla::F4, 0);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto, "Deseja imprimir a Cotação?");
+    EXPECT_EQ(Mostradas()[0].Tipo, 36);
+    EXPECT_EQ(Mostradas()[0].Titulo, "Impressão");
+    EXPECT_EQ(janelas->Conta("Modal"), 0u);
+
+    janelas->AoMostrar("TolvanF04", [](Tela& t) {
+        auto& d = static_cast<TolvanF04&>(t);
+        EXPECT_EQ(d.ActiveControl(), &d.TxTitulo);
+        EXPECT_EQ(static_cast<Rotulo*>(d.Acha("lblPainel1"))->Caption, "Tecle <ESC> para Sair");
+        d.TxTitulo.Digita("Natal");
+        d.Tecla(&d.TxTitulo, tecla::Enter, 0);
+        EXPECT_EQ(d.ActiveControl(), &d.TxRodape) << "Enter moves on";
+        d.TxRodape.Digita("Volte sempre");
+        d.bok.Click();
+        EXPECT_FALSE(d.Carregada());
+    });
+    f.Tecla(&f.GCon1, tecla::F4, 0);
+    ASSERT_TRUE(impressora->encerrada);
+    EXPECT_EQ(Pagina(0)[7].Texto(), "Cotação - Cesta básica(Natal)");
+    EXPECT_EQ(Pagina(0).back().Texto(), Colunas({{2, "Volte sempre"}}));
+
+    impressora = std::make_shared<ImpressoraGravada>();
+    janelas->AoMostrar("TolvanF04", [](Tela& t) { t.Tecla(t.ActiveControl(), tecla::Esc, 0); });
+    f.Tecla(&f.GCon1, tecla::F4, 0);
+    EXPECT_TRUE(impressora->chamadas.empty()) << "Esc prints nothing";
+
+    DefineFabricaImpressora({});
+    db->mensagens->Limpa();
+    janelas->AoMostrar("TolvanF04", [](Tela& t) { static_cast<TolvanF04&>(t).bok.Click(); });
+    f.Tecla(&f.GCon1, tecla::F4, 0);
+    ASSERT_EQ(Mostradas().size(), 2u);
+    EXPECT_EQ(Mostradas()[1].Texto, "Verifique a Impressora !!! ") << "no printer installed";
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Cotacoes);
+
+} // namespace
