@@ -1,0 +1,111 @@
+#include "ui/qt/controles_qt.h"
+
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+#include <algorithm>
+
+#include "screens/auxiliary/rodape.h"
+#include "ui/qt/comum_qt.h"
+
+namespace ztolvan {
+
+FormaQt::FormaQt(QWidget* pai) : QWidget(pai) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+
+void FormaQt::Mostra(const Forma& f) {
+    const QColor fundo = CorQt(f.BackColor), preenche = CorQt(f.FillColor), borda = CorQt(f.BorderColor);
+    const bool opaca = !f.Transparente;
+    if (fundo == fundo_ && preenche == preenchimento_ && borda == borda_ && opaca == opaca_ &&
+        f.Preenchida == preenchida_ && f.BorderWidth == larguraBorda_)
+        return;
+    fundo_ = fundo;
+    preenchimento_ = preenche;
+    borda_ = borda;
+    opaca_ = opaca;
+    preenchida_ = f.Preenchida;
+    larguraBorda_ = f.BorderWidth;
+    update();
+}
+
+void FormaQt::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const QRect r = rect();
+    if (opaca_) p.fillRect(r, fundo_);
+    if (preenchida_) p.fillRect(r, preenchimento_);
+    const int b = std::min({larguraBorda_, r.width(), r.height()});
+    if (b <= 0) return;
+    p.fillRect(QRect(r.left(), r.top(), r.width(), b), borda_);
+    p.fillRect(QRect(r.left(), r.bottom() - b + 1, r.width(), b), borda_);
+    p.fillRect(QRect(r.left(), r.top(), b, r.height()), borda_);
+    p.fillRect(QRect(r.right() - b + 1, r.top(), b, r.height()), borda_);
+}
+
+MolduraQt::MolduraQt(QWidget* pai) : QWidget(pai) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void MolduraQt::Mostra(const Moldura& m) {
+    const QString t = Q(m.Caption);
+    if (t == titulo_) return;
+    titulo_ = t;
+    update();
+}
+
+void MolduraQt::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const QFontMetrics fm(font());
+    const int meio = fm.height() / 2;
+    const QRect r(0, meio, width() - 2, height() - meio - 2);
+    p.setPen(palette().color(QPalette::Mid));
+    p.drawRect(r);
+    p.setPen(palette().color(QPalette::Light));
+    p.drawRect(r.translated(1, 1));
+    if (titulo_.isEmpty()) return;
+    const QRect texto(6, 0, fm.horizontalAdvance(titulo_) + 4, fm.height());
+    p.fillRect(texto, palette().color(QPalette::Window));
+    p.setPen(palette().color(QPalette::WindowText));
+    p.drawText(texto, Qt::AlignCenter, titulo_);
+}
+
+BarraTituloQt::BarraTituloQt(QWidget* pai)
+    : QFrame(pai), texto_(new QLabel(this)), botao_(new QToolButton(this)) {
+    setAutoFillBackground(true);
+    QPalette pal = palette();
+    pal.setColor(QPalette::Window, CorQt(painel::Faixa));
+    pal.setColor(QPalette::WindowText, CorQt(painel::Texto));
+    pal.setColor(QPalette::ButtonText, CorQt(painel::Texto));
+    setPalette(pal);
+    auto* arranjo = new QHBoxLayout(this);
+    arranjo->setContentsMargins(6, 0, 2, 0);
+    arranjo->addWidget(texto_, 1);
+    arranjo->addWidget(botao_);
+    botao_->setText(QStringLiteral("Menu ▾"));
+    botao_->setAutoRaise(true);
+    botao_->setFocusPolicy(Qt::NoFocus);
+    botao_->setToolTip(QStringLiteral("Menu da tela"));
+    botao_->hide();
+    connect(botao_, &QToolButton::clicked, this, [this] {
+        if (aoPedirMenu) aoPedirMenu();
+    });
+}
+
+void BarraTituloQt::Mostra(const BarraTitulo& b) {
+    const QString t = Q(b.TextoCompleto());
+    if (texto_->text() != t) texto_->setText(t);
+    QFont f = FonteQt(b.Font);
+    f.setBold(true);
+    if (texto_->font() != f) texto_->setFont(f);
+    botao_->setVisible(static_cast<bool>(b.Menu));
+}
+
+void BarraTituloQt::contextMenuEvent(QContextMenuEvent* e) {
+    if (aoPedirMenu && botao_->isVisible()) {
+        aoPedirMenu();
+        e->accept();
+    }
+}
+
+} // namespace ztolvan

@@ -1,0 +1,62 @@
+#pragma once
+#include <QFrame>
+#include <QWidget>
+#include <functional>
+
+#include "screens/controles.h"
+
+class QLabel;
+class QToolButton;
+
+namespace ztolvan {
+
+// A shape: drawn on the screen's surface, never takes the mouse. A border
+// thicker than the shape (the strip's 5-twip separators) fills it.
+class FormaQt : public QWidget {
+  public:
+    explicit FormaQt(QWidget* pai);
+    void Mostra(const Forma& f);
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+
+  private:
+    QColor fundo_, preenchimento_, borda_;
+    bool opaca_ = false, preenchida_ = false;
+    int larguraBorda_ = 1;
+};
+
+// A frame as the old window system drew it: an etched rectangle whose top
+// line runs through the middle of the caption, so the controls the screen
+// places just under the caption stay clear of the line.
+class MolduraQt : public QWidget {
+  public:
+    explicit MolduraQt(QWidget* pai);
+    void Mostra(const Moldura& m);
+    const QString& Titulo() const { return titulo_; }
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+
+  private:
+    QString titulo_;
+};
+
+// The suite's title bar: the caption with company and operator, and, when
+// the screen has a menu, a button (and the right mouse button) raising it.
+class BarraTituloQt : public QFrame {
+  public:
+    explicit BarraTituloQt(QWidget* pai);
+    void Mostra(const BarraTitulo& b);
+    std::function<void()> aoPedirMenu;
+    QToolButton* BotaoMenu() const { return botao_; }
+
+  protected:
+    void contextMenuEvent(QContextMenuEvent* e) override;
+
+  private:
+    QLabel* texto_;
+    QToolButton* botao_;
+};
+
+} // namespace ztolvan
