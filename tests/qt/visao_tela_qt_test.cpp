@@ -1,0 +1,151 @@
+// The generic view on a screen of its own: key preview before the widgets
+// and the shortcuts, the grid adapter, run-time controls and the close box.
+#include <QAbstractItemModelTester>
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTableView>
+
+#include "qt/apoio_qt.h"
+#include "screens/auxiliary/rodape.h"
+#include "screens/grade.h"
+#include "screens/teclas.h"
+#include "ui/qt/comum_qt.h"
+#include "ui/qt/modelo_grade.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+class TelaGrade : public Tela {
+  public:
+    TelaGrade() : Tela("TelaGrade") {
+        Caption = "Grade de teste";
+        Width = 6000;
+        Height = 4000;
+        Registra(g, "g", 120, 120, 5000, 2500, 0);
+        Registra(ok, "ok", 120, 2800, 1200, 375, 1);
+        g.DefineCols(3);
+        g.DefineRows(1);
+        for (int c = 0; c < 3; ++c)
+            g.DefineTextMatrix(0, c, "C" + std::to_string(c));
+        g.AddItem("a\t1\tx");
+        g.AddItem("b\t2\ty");
+        g.DefineLarguraM(0, 5);
+        g.DefineLarguraM(1, 0);
+        g.DefineLarguraM(2, 3);
+        g.Click = [this] { ++cliques; };
+        consumida.Shortcut = {tecla::F5, 0};
+        consumida.Click = [this] { ++cliquesF5; };
+        livre.Shortcut = {tecla::F6, 0};
+        livre.Click = [this] { ++cliquesF6; };
+        raiz.Adiciona(consumida).Adiciona(livre);
+        Menus.push_back(&raiz);
+    }
+    void Form_KeyDown(int& KeyCode, int Shift) override {
+        teclas.push_back({KeyCode, Shift});
+        if (KeyCode == tecla::F5) KeyCode = 0;
+    }
+    void Form_QueryUnload(int& Cancel, int UnloadMode) override {
+        if (recusa && UnloadMode == fechamento::MenuDeControle) Cancel = 1;
+    }
+
+    Grade g;
+    Botao ok;
+    ItemMenu raiz, consumida, livre;
+    std::vector<std::pair<int, int>> teclas;
+    int cliques = 0, cliquesF5 = 0, cliquesF6 = 0;
+    bool recusa = true;
+};
+
+class VisaoQt : public TelaQt {};
+
+TEST_F(VisaoQt, TeclasChegamATelaAntesDaGradeEDosAtalhos) {
+    TelaGrade t;
+    auto v = Abre(t);
+    ASSERT_EQ(QApplication::focusWidget(), v->WidgetDe(&t.g));
+
+    Tecla(Qt::Key_Return);
+    Tecla(Qt::Key_C, Qt::ControlModifier);
+    Tecla(Qt::Key_F5);
+    Tecla(Qt::Key_F6);
+    // Ctrl is a key of its own, as the old window system reported it.
+    const std::vector<std::pair<int, int>> esperadas = {
+        {tecla::Enter, 0}, {17, modificador::Ctrl}, {'C', modificador::Ctrl}, {tecla::F5, 0}, {tecla::F6, 0}};
+    EXPECT_EQ(t.teclas, esperadas);
+    EXPECT_EQ(t.cliquesF5, 0) << "a key the screen consumed fires no shortcut";
+    EXPECT_EQ(t.cliquesF6, 1);
+
+    Tecla(Qt::Key_Down);
+    EXPECT_EQ(t.g.Row(), 1) << "the grid's first data row became current";
+    Tecla(Qt::Key_Down);
+    EXPECT_EQ(t.g.Row(), 2);
+    EXPECT_EQ(t.cliques, 2);
+
+    t.livre.Enabled = false;
+    v->Sincroniza();
+    Tecla(Qt::Key_F6);
+    EXPECT_EQ(t.cliquesF6, 1) << "a disabled item's shortcut is off";
+    EXPECT_FALSE(v->AcaoDe(&t.livre)->isEnabled());
+}
+
+TEST_F(VisaoQt, GradeLidaNoLugarComLarguraEmM) {
+    TelaGrade t;
+    ModeloGrade m(t.g);
+    QAbstractItemModelTester verificador(&m, QAbstractItemModelTester::FailureReportingMode::Warning);
+    QSignalSpy resets(&m, &QAbstractItemModel::modelReset), mudancas(&m, &QAbstractItemModel::dataChanged);
+    EXPECT_EQ(m.rowCount(), 2);
+    EXPECT_EQ(m.headerData(2, Qt::Horizontal).toString(), QStringLiteral("C2"));
+    EXPECT_EQ(m.data(m.index(1, 1)).toString(), QStringLiteral("2"));
+    EXPECT_EQ(m.data(m.index(1, 1), Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignRight,
+              Qt::AlignRight)
+        << "general alignment puts numbers right";
+
+    t.g.DefineTextMatrix(2, 0, "novo");
+    EXPECT_EQ(m.Atualiza(), ModeloGrade::Mudanca::Textos);
+    t.g.AddItem("c\t3\tz");
+    t.g.AddItem("d\t4\tw");
+    EXPECT_EQ(m.rowCount(), 2) << "rows count as announced until Atualiza";
+    EXPECT_EQ(m.Atualiza(), ModeloGrade::Mudanca::Estrutura);
+    EXPECT_EQ(m.Atualiza(), ModeloGrade::Mudanca::Nenhuma);
+    EXPECT_EQ(m.rowCount(), 4);
+    EXPECT_EQ(resets.count(), 1);
+    EXPECT_EQ(mudancas.count(), 1);
+    t.g.DefineRows(2);
+    EXPECT_FALSE(m.data(m.index(3, 0)).isValid()) << "a cut row reads as empty before the reset";
+
+    auto v = Abre(t);
+    auto* tabela = static_cast<QTableView*>(v->WidgetDe(&t.g));
+    const QFontMetrics fm(tabela->font());
+    EXPECT_EQ(tabela->columnWidth(0), fm.horizontalAdvance(QStringLiteral("MMMMM")));
+    EXPECT_TRUE(tabela->isColumnHidden(1));
+    EXPECT_EQ(tabela->model()->rowCount(), 1);
+}
+
+TEST_F(VisaoQt, ControlesDeExecucaoVemEVaoEACaixaDeFecharPergunta) {
+    TelaGrade t;
+    auto v = Abre(t);
+    sbMontaRodape(t, "Data: 01/02/2026", "Tecle <ESC> para Sair");
+    v->Sincroniza();
+    auto* rotulo = qobject_cast<QLabel*>(v->WidgetDe(t.Acha("lblPainel1")));
+    ASSERT_NE(rotulo, nullptr);
+    EXPECT_EQ(rotulo->text(), QStringLiteral("Tecle <ESC> para Sair"));
+    EXPECT_GE(rotulo->width(), rotulo->sizeHint().width()) << "fitted labels are never cut";
+    sbMontaRodape(t, "Só um");
+    v->Sincroniza();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(t.Acha("lblPainel1"), nullptr);
+    EXPECT_EQ(v->findChildren<QLabel*>(QStringLiteral("lblPainel0")).size(), 1);
+
+    v->close();
+    EXPECT_TRUE(v->isVisible()) << "the screen refused to close";
+    EXPECT_TRUE(t.Carregada());
+    t.recusa = false;
+    v->close();
+    EXPECT_FALSE(v->isVisible());
+    EXPECT_FALSE(t.Carregada());
+}
+
+} // namespace
