@@ -1,0 +1,313 @@
+// Generation under stress on both databases: a process killed at random
+// moments leaves whole items only; two processes generating into the same
+// document never share an item number and report every collision; hostile
+// values in the tables are handled or reported, never a crash.
+#include "generation/geracao_teste.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <sstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "data/modules/modulos.h"
+#include "entry/sessao.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+const Valor VendaSP = Valor::Lista{5102, "1", 0, "SP", "SP", "SP", "SP"};
+
+class Robustez : public GeracaoDemo {
+  protected:
+    // A grouping of n items (distinct quantities, every product in stock),
+    // cascade discounts on, the session filled by ZProcessa and the grouping
+    // loaded by the consultation screen; the parent then holds no connection,
+    // so that the children forked below open their own and start generating
+    // at once.
+    void Prepara(int n) {
+        db->Direto("UPDATE TBMAT SET QtdItAtu = 1000 WHERE Empresa = 1");
+        std::ostringstream sql;
+        sql << "INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, UndItem, "
+               "QtdUnd, Valor, STTR, Tipo) VALUES ";
+        for (int i = 0; i < n; ++i) {
+            const std::string p = std::to_string(1001 + i % 63);
+            sql << (i ? ", " : "") << "(1, 'CARGA', 'Carga de teste', " << i + 1 << ", '" << p
+                << "', 'x', '7891234" << p << "00', " << i + 1 << ", 'UN', 1, 1, 0, 1)";
+        }
+        db->Direto(sql.str());
+        Ajuste("DESCONTO CASCATA", "SIM");
+        int16_t empresa = 1, opcao = 0, ret = 0, zs = 0, tp = 0;
+        int32_t cod = 0, doc = 1;
+        std::string op = "TESTE", senha, origem = "V", mens;
+        Valor dados = VendaSP;
+        componente->ZProcessa(empresa, op, senha, opcao, cod, origem, doc, tp, ret, zs, mens, &dados);
+        {
+            TolvanF01 f;
+            f.Carrega();
+            f.cboPesquisa.Seleciona(1);
+            f.txtPesquisa.Digita("CARGA");
+            f.bttPesquisa_Click();
+            Copia(f.GCon1, itens);
+            Copia(f.MSFGAgrupamento, agrupamentos);
+            nome = f.LNome.Caption;
+        }
+        ASSERT_EQ(itens.Rows(), n + 1);
+        componente.reset();
+    }
+    static void Copia(const Grade& de, Grade& para) {
+        para.DefineCols(de.Cols());
+        for (int r = 0; r < de.Rows(); ++r) {
+            std::string l;
+            for (int c = 0; c < de.Cols(); ++c)
+                l += (c ? "\t" : "") + de.TextMatrix(r, c);
+            para.AddItem(l);
+        }
+        if (para.Rows() > 1) para.DefineRow(1);
+    }
+
+    // A child process: its own connection, generating every row into sales
+    // order 1 through the generate command. 'pronto' gets a byte just before
+    // it; with 'vai', it then waits for the parent's byte. 'resultado' gets
+    // "<items written> <collisions> <other messages>".
+    [[noreturn]] void Filho(int pronto, int vai, int resultado) {
+        int escritos = 0, existe = 0, outras = 0;
+        try {
+            if (!db->Conecta()) _exit(4);
+            ZeraCursoresModulos();
+            db->mensagens->Limpa();
+            janelas->AoMostrar("TolvanF05", [](Tela& d) {
+                auto& q = static_cast<TolvanF05&>(d);
+                q.TxQtdGera.Digita("1");
+                q.bok_Click();
+            });
+            TelaGeracao tela{itens, agrupamentos, nome, {}};
+            char b = 'p';
+            if (write(pronto, &b, 1) != 1) _exit(3);
+            if (vai >= 0 && read(vai, &b, 1) != 1) _exit(3);
+            sbGerarDocumento(tela);
+            escritos = static_cast<int>(ItensGerados().size());
+            for (const auto& m : Mostradas())
+                (m.Texto.ends_with(" JÁ EXISTE NO DOCUMENTO!") ? existe : outras)++;
+        } catch (...) {
+            _exit(2);
+        }
+        const std::string r =
+            std::to_string(escritos) + " " + std::to_string(existe) + " " + std::to_string(outras) + "\n";
+        if (resultado >= 0 && write(resultado, r.data(), r.size()) != static_cast<ssize_t>(r.size()))
+            _exit(3);
+        _exit(0);
+    }
+
+    Grade itens, agrupamentos;
+    std::string nome;
+
+    // What the database holds for order 1, checked whole.
+    int Confere() {
+        EXPECT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
+        if (GetParam() == Kind::Sqlite) {
+            EXPECT_EQ(CStr(Um("PRAGMA integrity_check")), "ok");
+        } else {
+            // Every row reachable through its primary key, and every key a row.
+            for (const char* indice : {"tbpevit_pkey", "tbpevdc_pkey"}) {
+                Um(std::string("SELECT bt_index_check('") + indice + "'::regclass, true)");
+                EXPECT_EQ(ComunicaAtual().Status, "00") << ComunicaAtual().Msg;
+            }
+        }
+        // One pass over the order's lines: how many, the highest number, the
+        // lines not whole and those without their cascade row.
+        Comunica& c = ComunicaAtual();
+        c.Transacao = "REQUERY";
+        c.Cursor = 0;
+        c.Dados = std::string(
+            "SELECT COUNT(*), ISNULL(MAX(T.Item), 0), ISNULL(SUM(CASE WHEN ABS(T.ValTotal - T.QtdMat * "
+            "T.ValUnit) > 0.000001 OR T.NatOper <> 5102 OR T.SitItem <> '0' OR T.CodMat2 = '' OR T.DscMat = "
+            "'' "
+            "OR T.UndMat = '' OR T.Item % 10 <> 0 THEN 1 ELSE 0 END), 0), ISNULL(SUM(CASE WHEN D.ITEM IS "
+            "NULL "
+            "THEN 1 ELSE 0 END), 0) FROM TBPEVIT T LEFT JOIN TBPEVDC D ON (D.EMPRESA = T.Empresa AND "
+            "D.NUMPED = "
+            "T.NumPed AND D.ITEM = T.Item) WHERE T.Empresa = 1 AND T.NumPed = 1");
+        ExecutaComunica();
+        EXPECT_EQ(c.Status, "00") << c.Msg;
+        const Valor linha = c.Retorno;
+        const int itens = CInt(linha[0]);
+        // Numbers 10, 20, ... with no gap: a killed item's number is taken again.
+        EXPECT_EQ(CDbl(linha[1]), 10.0 * itens);
+        EXPECT_EQ(CInt(linha[2]), 0) << "a line not whole";
+        EXPECT_EQ(CInt(linha[3]), 0) << "a line without its cascade row";
+        EXPECT_EQ(CInt(Um("SELECT COUNT(*) FROM TBPEVDC WHERE EMPRESA = 1 AND NUMPED = 1")), itens)
+            << "a cascade row without its line";
+        FechaConexao();
+        return itens;
+    }
+};
+
+TEST_P(Robustez, ProcessoMortoDeixaSoItensInteiros) {
+    constexpr int Linhas = 12, Mortes = 200;
+    if (GetParam() == Kind::Postgres) db->Direto("CREATE EXTENSION IF NOT EXISTS amcheck SCHEMA public");
+    Prepara(Linhas);
+    // One whole run gives the time a generation takes.
+    auto roda = [&](std::chrono::microseconds espera) {
+        int p[2];
+        EXPECT_EQ(pipe(p), 0);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            close(p[0]);
+            Filho(p[1], -1, -1);
+        }
+        close(p[1]);
+        char b;
+        const bool comecou = read(p[0], &b, 1) == 1;
+        const auto t0 = std::chrono::steady_clock::now();
+        if (espera.count() >= 0) {
+            std::this_thread::sleep_for(espera);
+            kill(pid, SIGKILL);
+        }
+        int st = 0;
+        waitpid(pid, &st, 0);
+        close(p[0]);
+        EXPECT_TRUE(comecou);
+        if (espera.count() < 0) {
+            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << st;
+        }
+        return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - t0);
+    };
+    const auto inteira = roda(std::chrono::microseconds(-1));
+    int antes = Confere();
+    ASSERT_EQ(antes, Linhas);
+
+    const unsigned semente = static_cast<unsigned>(std::random_device{}());
+    SCOPED_TRACE("seed " + std::to_string(semente));
+    std::mt19937 aleatorio(semente);
+    std::uniform_int_distribution<long> momento(0, inteira.count());
+    for (int k = 0; k < Mortes && !HasFailure(); ++k) {
+        roda(std::chrono::microseconds(momento(aleatorio)));
+        const int agora = Confere();
+        EXPECT_GE(agora, antes) << "a committed item was lost";
+        antes = agora;
+    }
+    EXPECT_GT(antes, Linhas) << "the kills never let an item through";
+}
+
+TEST_P(Robustez, DoisProcessosNoMesmoDocumentoNaoRepetemNumeros) {
+    constexpr int Linhas = 30, Rodadas = 4;
+    Prepara(Linhas);
+    int colisoes = 0, antes = 0;
+    for (int r = 0; r < Rodadas; ++r) {
+        int pronto[2], vai[2], resultado[2][2];
+        ASSERT_EQ(pipe(pronto), 0);
+        ASSERT_EQ(pipe(vai), 0);
+        pid_t pids[2];
+        for (int i = 0; i < 2; ++i) {
+            ASSERT_EQ(pipe(resultado[i]), 0);
+            pids[i] = fork();
+            if (pids[i] == 0) {
+                close(pronto[0]);
+                close(vai[1]);
+                close(resultado[i][0]);
+                Filho(pronto[1], vai[0], resultado[i][1]);
+            }
+            close(resultado[i][1]);
+        }
+        close(pronto[1]);
+        close(vai[0]);
+        // Both have read the last item number; let them go at once.
+        char b[2];
+        ASSERT_EQ(read(pronto[0], &b[0], 1) + read(pronto[0], &b[1], 1), 2);
+        ASSERT_EQ(write(vai[1], "gg", 2), 2);
+        int escritos = 0;
+        for (int i = 0; i < 2; ++i) {
+            int st = 0;
+            waitpid(pids[i], &st, 0);
+            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << st;
+            char buf[64] = {};
+            ASSERT_GT(read(resultado[i][0], buf, sizeof buf - 1), 0);
+            close(resultado[i][0]);
+            int e = 0, x = 0, o = 0;
+            std::istringstream(buf) >> e >> x >> o;
+            EXPECT_EQ(e + x, Linhas) << "every marked row is written or reported";
+            EXPECT_EQ(o, 0) << "no other message";
+            escritos += e;
+            colisoes += x;
+        }
+        close(pronto[0]);
+        close(vai[1]);
+        const int agora = Confere();
+        EXPECT_EQ(agora - antes, escritos) << "what each says it wrote is what is there";
+        antes = agora;
+    }
+    EXPECT_GT(colisoes, 0) << "the two never met";
+}
+
+// Hostile rows in one process.
+class ValoresHostis : public GeracaoDemo {};
+
+TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsurdas) {
+    const std::string longo(700, 'D');
+    db->Direto("UPDATE TBMATEQ SET UndItem = NULL, ClasFiscal = NULL, IPI = NULL, GrpItem = NULL, "
+               "PercIsen = NULL, Dispon = NULL WHERE Empresa = 1 AND CodItem = '1001'");
+    db->Direto("UPDATE TBMAT SET CCusto = NULL, PerComis = NULL, NatOper = NULL, DscItem = '" + longo +
+               "' WHERE Empresa = 1 AND CodItem = '1001'");
+    db->Direto("UPDATE TBMATAG SET Qtd = -3 WHERE Empresa = 1 AND Codigo = 'LANCHE' AND CodItem = '1012'");
+    db->Direto("UPDATE TBMATEQ SET SitTrib = 'x' WHERE Empresa = 1 AND CodItem = '1015'");
+    db->Direto("UPDATE TBMATEQ SET SitTrib = '1', PercIsen = 1e300 WHERE Empresa = 1 AND CodItem = '1063'");
+    db->Direto("UPDATE TBICM SET PERCICMS = 1e300, PERCICMSF = 1e300 WHERE EMPRESA = 1 AND CODIGO = 1");
+    db->Direto("UPDATE TBMATEQ SET SitTrib = '1', PercIsen = 1 WHERE Empresa = 1 AND CodItem = '1057'");
+    auto marcaTudo = [](TolvanF01& f) { f.sbMarcarTodosDaTela(); };
+
+    // Store document: the two products whose taxes cannot be worked out are
+    // reported by Calcula_Tributos and left out; the rest is written.
+    EXPECT_EQ(Gera("D", VendaSP, "LANCHE", 1, marcaTudo, 2), 0);
+    std::vector<std::string> t = Textos();
+    EXPECT_EQ(std::count(t.begin(), t.end(), "Atenção! erro não previsto na função - Calcula_Tributos"), 2);
+    EXPECT_EQ(t.size(), 2u);
+    EXPECT_EQ(ItensGerados().size(), 3u);
+    A_MTBDOCIT_t d;
+    ASSERT_TRUE(Le(d, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND CodMat2 = '1012'"));
+    EXPECT_EQ(d.QtdMat, -3);
+    EXPECT_EQ(d.ValTotal, -3 * d.ValUnit);
+    ASSERT_TRUE(Le(d, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND CodMat2 = '1057'"));
+    EXPECT_EQ(d.PercICMS, 1e300) << "an absurd rate is taken as it is";
+
+    // Sales order over CESTA01's first product: NULLs read as blanks and
+    // zeros, the 700-character description cut to the field.
+    db->mensagens->Limpa();
+    EXPECT_EQ(Gera("V", VendaSP, "CESTA01", 1,
+                   [](TolvanF01& f) {
+                       for (int r = 1; r < f.GCon1.Rows(); ++r)
+                           f.GCon1.DefineTextMatrix(r, 0,
+                                                    Apara(f.GCon1.TextMatrix(r, 9)) == "1001" ? "*" : "");
+                   }),
+              0);
+    A_MTBPEVIT_t v;
+    ASSERT_TRUE(Le(v, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND CodMat2 = '1001'"));
+    EXPECT_EQ(v.DscMat.str(), std::string(100, 'D'));
+    EXPECT_EQ(Apara(v.UndMat.str()) + Apara(v.CCusto.str()) + Apara(v.GrpMat.str()), "");
+    EXPECT_EQ(v.NatOper, 50) << "\"5\" followed by a stock NatOper of 0";
+
+    // A sales item whose tax code overflows ends the loop with the report;
+    // so does one whose situation is not a number: the first of them met.
+    db->mensagens->Limpa();
+    Gera("V", VendaSP, "LANCHE", 1);
+    ASSERT_EQ(Mostradas().size(), 1u);
+    EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - GeraVenda");
+
+    // Purchase: a situation outside 0-4 takes no substitution and is written.
+    db->mensagens->Limpa();
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "LANCHE", 1, marcaTudo), 0);
+    A_MTBPECIT_t c;
+    ASSERT_TRUE(Le(c, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodMat2 = '1015'"));
+    EXPECT_EQ(c.SitTrib, "x");
+    EXPECT_EQ(c.PercICMSS, 0);
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(Robustez);
+ZTOLVAN_NOS_DOIS_BANCOS(ValoresHostis);
+
+} // namespace
