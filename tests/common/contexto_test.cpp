@@ -12,18 +12,13 @@ struct Contador {
 };
 } // namespace
 
-TEST(Contexto, CadaThreadTemOSeu) {
+TEST(Contexto, CadaThreadTemOSeuERenovaComecaDoZero) {
     Contexto::Renova();
     Contexto::Atual().Parte<Contador>().n = 7;
     int visto = -1;
-    std::thread t([&] { visto = Contexto::Atual().Parte<Contador>().n; });
-    t.join();
+    std::thread([&] { visto = Contexto::Atual().Parte<Contador>().n; }).join();
     EXPECT_EQ(visto, 0);
     EXPECT_EQ(Contexto::Atual().Parte<Contador>().n, 7);
-}
-
-TEST(Contexto, RenovaComecaDoZero) {
-    Contexto::Atual().Parte<Contador>().n = 3;
     Contexto::Renova();
     EXPECT_FALSE(Contexto::Atual().Tem<Contador>());
     EXPECT_EQ(Contexto::Atual().Parte<Contador>().n, 0);

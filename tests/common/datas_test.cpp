@@ -35,24 +35,16 @@ TEST(ReformataData, SoMoveCaracteresDeFormatoEmFormatoSemValidar) {
         EXPECT_EQ(fcRetornaDataNoFormatoDesejado("2024-01-31", "YYYYMMDD", para), "") << para;
 }
 
-class Relogio : public ::testing::Test {
-  protected:
-    void SetUp() override { Contexto::Renova(); }
-    void TearDown() override { Contexto::Renova(); }
-};
-
 // The weekday is checked through the log's file names.
-TEST_F(Relogio, HojeEAgoraVemDoRelogioDaThread) {
+TEST(Relogio, HojeEAgoraVemDoRelogioDaThreadEDoSistemaSemUm) {
+    Contexto::Renova();
     ParaORelogio(2024, 3, 5, 7, 8, 9);
     EXPECT_EQ(HojeAAAAMMDD(), "20240305");
     EXPECT_EQ(AgoraHHMMSS(), "070809");
     EXPECT_EQ(DataHoraTexto(Agora()), "05/03/2024 07:08:09");
-}
-
-TEST_F(Relogio, SemRelogioDefinidoUsaOdoSistema) {
-    ParaORelogio(2001, 1, 1);
     DefineRelogio({});
     EXPECT_GT(Agora().Ano, 2020);
+    Contexto::Renova();
 }
 
 } // namespace

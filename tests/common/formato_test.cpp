@@ -13,27 +13,26 @@ struct Formatos : ::testing::Test {
 };
 } // namespace
 
-TEST_F(Formatos, PadroesDoSistema) {
-    EXPECT_EQ(Formata(1234.5, formatos::Valor), "1234,50");
-    EXPECT_EQ(Formata(0.0, formatos::Valor), "0,00");
-    EXPECT_EQ(Formata(0.12345, formatos::Quatro), "0,1235");
-    EXPECT_EQ(Formata(7.0, formatos::Dois), "07");
-    EXPECT_EQ(Formata(34.0, formatos::Revisao), "0034");
-    EXPECT_EQ(Formata(12.0, formatos::Preco), "12,00");
-}
-
-TEST_F(Formatos, NegativosEArredondamentoParaLongeDoZero) {
-    EXPECT_EQ(Formata(-1234.567, formatos::Valor), "-1234,57");
-    EXPECT_EQ(Formata(2.675, "0.00"), "2,68") << "rounded on the decimal form";
-    EXPECT_EQ(Formata(-2.5, "0"), "-3");
-    EXPECT_EQ(Formata(0.125, "0.00"), "0,13");
-    EXPECT_EQ(Formata(-0.001, formatos::Valor), "0,00") << "no negative zero";
-    EXPECT_EQ(Formata(9.999, "0.00"), "10,00");
-}
-
-TEST_F(Formatos, MilharEDecimaisOpcionais) {
-    EXPECT_EQ(Formata(1234567.891, "#,##0.00"), "1.234.567,89");
-    EXPECT_EQ(Formata(1.5, "0.##"), "1,5");
+// The system's patterns, halves away from zero on the decimal form (2.675 is
+// 2,68), never a negative zero, thousands and optional decimals.
+TEST_F(Formatos, NumerosNosPadroesDoSistema) {
+    const std::tuple<double, std::string_view, const char*> casos[] = {
+        {1234.5, formatos::Valor, "1234,50"},
+        {0.0, formatos::Valor, "0,00"},
+        {0.12345, formatos::Quatro, "0,1235"},
+        {7.0, formatos::Dois, "07"},
+        {34.0, formatos::Revisao, "0034"},
+        {12.0, formatos::Preco, "12,00"},
+        {-1234.567, formatos::Valor, "-1234,57"},
+        {2.675, "0.00", "2,68"},
+        {-2.5, "0", "-3"},
+        {0.125, "0.00", "0,13"},
+        {-0.001, formatos::Valor, "0,00"},
+        {9.999, "0.00", "10,00"},
+        {1234567.891, "#,##0.00", "1.234.567,89"},
+        {1.5, "0.##", "1,5"}};
+    for (auto [numero, formato, esperado] : casos)
+        EXPECT_EQ(Formata(numero, formato), esperado) << numero << " " << formato;
     EXPECT_EQ(FormataMoeda(-1234.5), "-R$ 1.234,50");
 }
 
@@ -47,10 +46,9 @@ TEST_F(Formatos, TextoComArrobasAlinhaADireitaEmCaracteres) {
 TEST(Moeda, DezMilesimosComMetadesParaOPar) {
     EXPECT_EQ(Moeda::DeDuplo(1.23455).DezMilesimos(), 12346) << "1.23455 is slightly above the half";
     EXPECT_EQ(Moeda::DeDuplo(0.00005).DezMilesimos(), 0);
-    Moeda a = Moeda::DeDezMilesimos(15);   // 0.0015
-    Moeda b = Moeda::DeDezMilesimos(5000); // 0.5
-    EXPECT_EQ((a * b).DezMilesimos(), 8) << "0.00075 rounds to the even 0.0008";
-    EXPECT_EQ((Moeda::DeDezMilesimos(25) * b).DezMilesimos(), 12) << "0.00125 rounds to the even 0.0012";
+    const Moeda meio = Moeda::DeDezMilesimos(5000);
+    EXPECT_EQ((Moeda::DeDezMilesimos(15) * meio).DezMilesimos(), 8) << "0.00075 rounds to the even 0.0008";
+    EXPECT_EQ((Moeda::DeDezMilesimos(25) * meio).DezMilesimos(), 12) << "0.00125 rounds to the even 0.0012";
     EXPECT_EQ((Moeda::DeDuplo(10) / Moeda::DeDuplo(3)).DezMilesimos(), 33333);
     EXPECT_THROW(Moeda::DeDuplo(1e16), ErroExecucao);
     EXPECT_THROW(Moeda::DeDuplo(1) / Moeda(), ErroExecucao);

@@ -25,14 +25,6 @@ std::string Le(const fs::path& p) {
     return {std::istreambuf_iterator<char>(f), {}};
 }
 
-void Escreve(const fs::path& p, const std::string& texto) { std::ofstream(p) << texto; }
-
-void AlteradoEm(const fs::path& p, Instante t) {
-    const timespec ts{std::chrono::system_clock::to_time_t(t), 0};
-    const timespec tempos[2] = {ts, ts};
-    ASSERT_EQ(utimensat(AT_FDCWD, p.c_str(), tempos, 0), 0);
-}
-
 // An environment variable set for one test and put back afterwards.
 class VariavelTemporaria {
   public:
@@ -67,9 +59,9 @@ class ComPastaDeLog : public ::testing::Test {
     }
 
     // Logs as the settings reader does; gives back the caller's text.
-    Valor Grava(const Valor& texto) {
+    Valor Grava(const Valor& texto, std::string projeto = "ztolvan") {
         Valor t = texto;
-        std::string projeto = "ztolvan", rotina = "LerConfig";
+        std::string rotina = "LerConfig";
         GravaLog(t, projeto, rotina);
         return t;
     }
@@ -79,27 +71,25 @@ class ComPastaDeLog : public ::testing::Test {
     std::shared_ptr<MensagensGravadas> mensagens;
 };
 
-const char* Inicio = "31/01/2024 10:20:30 Inicio \n";
-const char* Linha = "31/01/2024 10:20:30 Rotina: LerConfig - Erro= falhou\n";
+const std::string Linha = "31/01/2024 10:20:30 Rotina: LerConfig - Erro= falhou\n";
 
 using GravaLogSemanal = ComPastaDeLog;
 
-TEST_F(GravaLogSemanal, ArquivoNovoComecaComInicioEOsSeguintesAcrescentam) {
-    Grava("falhou");
-    Grava("falhou");
-    EXPECT_EQ(Le(pasta / "ztolvan_4.log"), std::string(Inicio) + Linha + Linha);
-}
-
-TEST_F(GravaLogSemanal, ArquivoAlteradoHojeAcrescentaEAntesDeHojeRecomecaDoZero) {
-    fs::create_directories(pasta);
+// A new file starts with "Inicio"; one changed today is added to; one changed
+// before today (last week's Wednesday) starts afresh.
+TEST_F(GravaLogSemanal, ArquivoNovoComecaComInicioDeHojeAcrescentaEDeAntesRecomeca) {
     const fs::path arquivo = pasta / "ztolvan_4.log";
+    Grava("falhou");
+    Grava("falhou");
+    EXPECT_EQ(Le(arquivo), "31/01/2024 10:20:30 Inicio \n" + Linha + Linha);
     const std::pair<Instante, std::string> casos[] = {
-        {InstanteLocal(2024, 1, 31, 0, 0, 5), std::string("antes\n") + Linha},
-        {InstanteLocal(2024, 1, 30, 23, 59, 59), Linha}, // last week's Wednesday
+        {InstanteLocal(2024, 1, 31, 0, 0, 5), "antes\n" + Linha},
+        {InstanteLocal(2024, 1, 30, 23, 59, 59), Linha},
     };
     for (const auto& [alterado, esperado] : casos) {
-        Escreve(arquivo, "antes\n");
-        AlteradoEm(arquivo, alterado);
+        std::ofstream(arquivo) << "antes\n";
+        const timespec ts{std::chrono::system_clock::to_time_t(alterado), 0}, tempos[2] = {ts, ts};
+        ASSERT_EQ(utimensat(AT_FDCWD, arquivo.c_str(), tempos, 0), 0);
         Grava("falhou");
         EXPECT_EQ(Le(arquivo), esperado);
     }
@@ -122,7 +112,7 @@ TEST_F(GravaLogSemanal, CadaDiaDaSemanaTemOSeuArquivoEProjetoEmBrancoEProjAux) {
 
 TEST_F(GravaLogSemanal, PastaQueNaoPodeSerCriadaNaoLancaEOTextoGanhaOPrefixoMesmoAssim) {
     fs::create_directories(pasta);
-    Escreve(pasta / "arquivo", "");
+    std::ofstream(pasta / "arquivo") << "";
     VariavelTemporaria impossivel("ZTOLVAN_LOG_DIR", (pasta / "arquivo" / "sub").c_str());
     Valor t;
     EXPECT_NO_THROW(t = Grava(42));
@@ -144,21 +134,19 @@ TEST(PastaDoLog, VariavelPropriaDepoisOEstadoDoUsuarioEDepoisACasa) {
 
 using GeraLog = ComPastaDeLog;
 
-TEST_F(GeraLog, ExibeMensagemCriticaComTituloEUmaLinhaPorParte) {
+// Shown, critical, only when asked, and never written to a file; a system
+// number outside the table reports its own failure even when nothing was to
+// be shown.
+TEST_F(GeraLog, ExibeQuandoPedidoEOsSistemasForaDaTabelaReportamAPropriaFalha) {
     sbGeraLog(0, "ztolvan", "1.0.1", "btnAlterar_Click", "5, Chamada inválida Linha: 30", "OPER", true, -1,
               "Erro");
     ASSERT_EQ(mensagens->Mostradas().size(), 1u);
     const MensagemMostrada& m = mensagens->Mostradas()[0];
-    EXPECT_EQ(m.Texto,
-              "Origem: ztolvan\rVersão: 1.0.1\rRotina: btnAlterar_Click\rMensagem: 5, Chamada inválida "
-              "Linha: 30");
-    EXPECT_EQ(m.Tipo, 16);
-    EXPECT_EQ(m.Titulo, "Erro");
-}
-
-// Shown only when asked, and never written to a file; a system number
-// outside the table is reported even when nothing was to be shown.
-TEST_F(GeraLog, SoExibeQuandoPedidoEOsSistemasForaDaTabelaReportamAPropriaFalha) {
+    EXPECT_EQ(
+        std::tie(m.Texto, m.Tipo, m.Titulo),
+        std::make_tuple("Origem: ztolvan\rVersão: 1.0.1\rRotina: btnAlterar_Click\rMensagem: 5, Chamada "
+                        "inválida Linha: 30",
+                        16, "Erro"));
     for (int16_t s = -1; s <= 10; ++s) {
         mensagens->Limpa();
         EXPECT_NO_THROW(sbGeraLog(s, "o", "v", "r", "m", "u", false, s % 2, "t"));

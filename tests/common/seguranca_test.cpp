@@ -30,7 +30,7 @@ class ChecaSeguranca : public ::testing::Test {
                   bool libera = false, const std::string& sobrepoe = "") {
         int16_t resultado = -7;
         GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "9999", empresa, libera,
-                           sobrepoe, "");
+                           sobrepoe, "ignorado");
         return resultado;
     }
 
@@ -40,35 +40,22 @@ class ChecaSeguranca : public ::testing::Test {
     std::string proximoAutorizador;
 };
 
-// The company reaches the component only once given, and is kept after.
+// The company reaches the component only once given, and is kept after. One
+// component serves the thread until a check releases it.
 TEST_F(ChecaSeguranca, ArgumentosChegamAoComponenteNaOrdemEAEmpresaFica) {
     std::string op = "JOAO", aut;
-    Checa(op, aut, std::nullopt);
-    int16_t r = -7;
-    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, aut, r, "9999", int16_t{3}, false, "SUPERVISOR",
-                       "ignorado");
-    Checa(op, aut, std::nullopt);
+    proximoResultado = seguranca::Recusado;
+    EXPECT_EQ(Checa(op, aut, std::nullopt), seguranca::Recusado);
+    ultimo->resultado = seguranca::Autorizado;
+    EXPECT_EQ(Checa(op, aut, 3, false, "SUPERVISOR"), seguranca::Autorizado);
+    Checa(op, aut, std::nullopt, true);
+    EXPECT_EQ(criados, 1);
     ASSERT_EQ(ultimo->pedidas.size(), 3u);
     const ChecagemPedida& p = ultimo->pedidas[1];
-    EXPECT_EQ(p.Codigo, 1);
-    EXPECT_EQ(p.Programa, "PJVELPEV");
-    EXPECT_EQ(p.Funcao, "DISPON");
-    EXPECT_EQ(p.Operador, "JOAO");
-    EXPECT_EQ(p.TextoPassado, "9999");
-    EXPECT_EQ(p.TextoSobrepoe, "SUPERVISOR");
-    EXPECT_EQ(ultimo->pedidas[0].Empresa, 0);
-    EXPECT_EQ(p.Empresa, 3);
-    EXPECT_EQ(ultimo->pedidas[2].Empresa, 3);
-}
-
-TEST_F(ChecaSeguranca, UmComponentePorThreadAteSerLiberadoEOSeuResultadoVolta) {
-    std::string op = "JOAO", aut;
-    proximoResultado = seguranca::Recusado;
-    EXPECT_EQ(Checa(op, aut), seguranca::Recusado);
-    ultimo->resultado = seguranca::Autorizado;
-    EXPECT_EQ(Checa(op, aut, 1, true), seguranca::Autorizado);
-    EXPECT_EQ(criados, 1);
-    EXPECT_EQ(ultimo->pedidas.size(), 2u);
+    EXPECT_EQ(std::tie(p.Codigo, p.Programa, p.Funcao, p.Operador, p.TextoPassado, p.TextoSobrepoe),
+              std::make_tuple(1, "PJVELPEV", "DISPON", "JOAO", "9999", "SUPERVISOR"));
+    EXPECT_EQ((std::vector{ultimo->pedidas[0].Empresa, p.Empresa, ultimo->pedidas[2].Empresa}),
+              (std::vector<int16_t>{0, 3, 3}));
     Checa(op, aut);
     EXPECT_EQ(criados, 2) << "releasing makes the next check create another";
 }
@@ -82,12 +69,10 @@ TEST_F(ChecaSeguranca, OperadorEAutorizadorDepoisDaChecagem) {
                  {"  ", "MARIA", "MARIA", "MARIA"},
                  {"JOAO", "   ", "JOAO", "JOAO"}};
     for (const auto& k : casos) {
-        SCOPED_TRACE(std::string(k.operador) + "/" + k.devolvido);
         std::string op = k.operador, aut = "ANTIGO";
         proximoAutorizador = k.devolvido;
         Checa(op, aut, 1, true); // released: the next case gets a new component
-        EXPECT_EQ(op, k.operadorDepois);
-        EXPECT_EQ(aut, k.autorizadorDepois);
+        EXPECT_EQ(op + "/" + aut, std::string(k.operadorDepois) + "/" + k.autorizadorDepois) << k.operador;
     }
 }
 
@@ -101,13 +86,12 @@ TEST_F(ChecaSeguranca, LembraOTextoDeSobreposicaoSenaoOOperadorNaPropriaThread) 
     EXPECT_EQ(OperadorLembrado(), "SUPERVISOR");
     std::string visto = "?";
     int16_t resultado = seguranca::Autorizado;
-    std::thread t([&] {
+    std::thread([&] {
         visto = OperadorLembrado();
         std::string o = "X", a;
         // The other thread has no factory of its own: nobody can authorise there.
         GLO_ChecaSeguranca(1, "P", "F", o, a, resultado, "", std::nullopt, false, "", "");
-    });
-    t.join();
+    }).join();
     EXPECT_EQ(visto, "");
     EXPECT_EQ(resultado, seguranca::Recusado);
     EXPECT_EQ(criados, 1);

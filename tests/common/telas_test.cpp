@@ -20,6 +20,7 @@ class Telas : public ::testing::Test {
     int tela = 0; // stands for a screen model
 };
 
+// Without a window system, or when it refuses, nothing is kept on top.
 TEST_F(Telas, NoTopoEventosEBipeVaoPelaPortaDaThread) {
     EXPECT_TRUE(MantemNoTopo(&tela, true));
     EXPECT_TRUE(MantemNoTopo(&tela, false));
@@ -33,9 +34,6 @@ TEST_F(Telas, NoTopoEventosEBipeVaoPelaPortaDaThread) {
     EXPECT_FALSE(telas->chamadas[1].Ligar);
     EXPECT_EQ(telas->chamadas[2].Operacao, "Eventos");
     EXPECT_EQ(telas->chamadas[3].Operacao, "Bipe");
-}
-
-TEST_F(Telas, SemSistemaDeJanelasOuComRecusaNadaFicaNoTopo) {
     telas->aceitaNoTopo = false;
     EXPECT_FALSE(MantemNoTopo(&tela, true));
     PortasAtuais().telas = nullptr;
