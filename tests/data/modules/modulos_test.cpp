@@ -26,45 +26,44 @@ class Modulos : public ComEsquema {
                    codigo + "', 'Agrupamento " + codigo + "', " + std::to_string(item) + ", 'P" + equiv +
                    "', 'Item', '" + equiv + "', 2, " + std::to_string(valor) + ", 0, 'Obs', 3)");
     }
-    // Items of a grouping from 'inicio' on for a price type, as the callers loop.
-    std::vector<int32_t> Itens(const std::string& codigo, int32_t inicio, int16_t tipo) {
-        ChaveMTBMATAG() = {.Empresa = 1, .Codigo = codigo, .Item = inicio, .Tipo = tipo};
-        std::vector<int32_t> r;
-        for (Chama(A_MTBMATAG(), MTBMATAG, "FSEL010", "OPEN"); c().Status == "00";
-             Chama(A_MTBMATAG(), MTBMATAG, "FSEL010", "NEXT"))
-            r.push_back(A_MTBMATAG().Item);
+    // Reads a record through a module from OPEN to the end, one value per row.
+    template <class R, class V> std::vector<V> Le(R& (*reg)(), void (*modulo)(), const char* f, V R::*campo) {
+        std::vector<V> r;
+        for (Chama(reg(), modulo, f, "OPEN"); c().Status == "00"; Chama(reg(), modulo, f, "NEXT"))
+            r.push_back(reg().*campo);
         EXPECT_EQ(c().Status, "23") << c().Msg;
-        Chama(A_MTBMATAG(), MTBMATAG, "FSEL010", "CLOSE");
+        Chama(reg(), modulo, f, "CLOSE");
         EXPECT_EQ(c().Status, "00");
         return r;
     }
+    // Items of a grouping from 'inicio' on for a price type, as the callers loop.
+    std::vector<int32_t> Itens(const std::string& codigo, int32_t inicio, int16_t tipo) {
+        ChaveMTBMATAG() = {.Empresa = 1, .Codigo = codigo, .Item = inicio, .Tipo = tipo};
+        return Le(A_MTBMATAG, MTBMATAG, "FSEL010", &A_MTBMATAG_t::Item);
+    }
+    double Conta(const std::string& where) { return CDbl(Um("SELECT COUNT(*) FROM " + where)); }
 };
 
-TEST_P(Modulos, Fsel010DoItem5EmDianteVemEmOrdemCrescenteSemOsItensSemPrecoDoTipo) {
+// Item 6 has no price of type 1; each row spreads over the grouping's record
+// and the equivalence's (T2.DscItem is the equivalence's).
+TEST_P(Modulos, Fsel010DoItemDadoEmDianteEmOrdemSemOsItensSemPrecoDoTipoEnchendoOsDoisRegistros) {
     for (int i = 1; i <= 8; ++i) {
         const std::string eq = "E" + std::to_string(i);
         if (i != 6) Equivalencia(eq, 1, 10 + i);
         Equivalencia(eq, 2, 20 + i);
     }
     for (int i : {8, 3, 5, 1, 7, 2, 6, 4})
-        ItemAgrupamento("G1", i, "E" + std::to_string(i));
-    EXPECT_EQ(Itens("G1", 5, 1), (std::vector<int32_t>{5, 7, 8}));
+        ItemAgrupamento("G1", i, "E" + std::to_string(i), i + 0.25);
     EXPECT_EQ(Itens("G1", 0, 2), (std::vector<int32_t>{1, 2, 3, 4, 5, 6, 7, 8}));
     EXPECT_TRUE(Itens("G1", 9, 1).empty());
     EXPECT_TRUE(Itens("G1", 0, 3).empty()) << "no item has type 3: an empty grouping";
-}
-
-TEST_P(Modulos, Fsel010EspalhaALinhaPeloAgrupamentoEPelaEquivalencia) {
-    Equivalencia("E1", 1, 12.5);
-    ItemAgrupamento("G1", 1, "E1", 9.75);
     A_MTBMATAG().DscItem = "intocado";
-    ASSERT_EQ(Itens("G1", 0, 1).size(), 1u);
-    EXPECT_DOUBLE_EQ(A_MTBMATAG().Valor, 9.75) << "the item's stored value";
-    EXPECT_DOUBLE_EQ(A_MTBMATEQ().Valor, 12.5) << "the equivalence price";
-    EXPECT_EQ(Apara(A_MTBMATEQ().DscItem), "Equivalência E1");
-    EXPECT_EQ(Apara(A_MTBMATAG().DscItem), "intocado") << "T2.DscItem goes to the equivalence record";
+    EXPECT_EQ(Itens("G1", 5, 1), (std::vector<int32_t>{5, 7, 8}));
+    EXPECT_EQ(std::make_tuple(A_MTBMATAG().Valor, A_MTBMATEQ().Valor, A_MTBMATEQ().UltCForn),
+              std::make_tuple(8.25, 18.0, 101));
+    EXPECT_EQ(Apara(A_MTBMATEQ().DscItem), "Equivalência E8");
+    EXPECT_EQ(Apara(A_MTBMATAG().DscItem), "intocado");
     EXPECT_EQ(Apara(A_MTBMATAG().Nome), "Agrupamento G1");
-    EXPECT_EQ(A_MTBMATEQ().UltCForn, 101);
 }
 
 TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
@@ -82,36 +81,28 @@ TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
     Chama(ag, MTBMATAG, "FUPD005", "EXECUTE");
     ASSERT_EQ(c().Status, "00") << c().Msg;
     Chama(ag, MTBMATAG, "FUPD005", "COMMIT");
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'VELHO'")), 0);
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'NOVO' AND STTR = 1 AND TIPO = 2 AND "
-                      "Nome = 'Nome novo' AND Observacao = 'Nova'")),
+    EXPECT_EQ(Conta("TBMATAG WHERE Codigo = 'VELHO'"), 0);
+    EXPECT_EQ(Conta("TBMATAG WHERE Codigo = 'NOVO' AND STTR = 1 AND TIPO = 2 AND Nome = 'Nome novo' AND "
+                    "Observacao = 'Nova'"),
               3);
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE Codigo = 'OUTRO' AND Nome = 'Agrupamento OUTRO'")),
-              1);
+    EXPECT_EQ(Conta("TBMATAG WHERE Codigo = 'OUTRO' AND Nome = 'Agrupamento OUTRO'"), 1);
 }
 
-TEST_P(Modulos, Fsel003DoPedidoDeVendaComItem999999999DaOMaiorPrimeiro) {
+// From item 999999999 down, the bound exclusive; purchase items count per
+// supplier; a document's greatest item comes first.
+TEST_P(Modulos, Fsel003EFsel024DaoOsItensDoMaiorParaOMenor) {
     db->Direto("INSERT INTO TBPEVIT (Empresa, NumPed, Item) VALUES (1, 7, 10), (1, 7, 30), (1, 7, 20), "
                "(1, 8, 99)"); // and another order
-    ChaveMTBPEVIT() = {.Empresa = 1, .NumPed = 7, .Item = 999999999};
-    std::vector<int32_t> itens;
-    for (Chama(A_MTBPEVIT(), MTBPEVIT, "FSEL003", "OPEN"); c().Status == "00";
-         Chama(A_MTBPEVIT(), MTBPEVIT, "FSEL003", "NEXT"))
-        itens.push_back(A_MTBPEVIT().Item);
-    EXPECT_EQ(itens, (std::vector<int32_t>{30, 20, 10}));
-    ChaveMTBPEVIT().Item = 30;
-    Chama(A_MTBPEVIT(), MTBPEVIT, "FSEL003", "REQUERY");
-    EXPECT_EQ(A_MTBPEVIT().Item, 20) << "the bound is exclusive";
-}
-
-TEST_P(Modulos, Fsel003DaCompraPorFornecedorEFsel024DoDocumentoDaoOMaiorItem) {
     db->Direto("INSERT INTO TBPECIT (Empresa, NumPed, CodFor, Item) VALUES (1, 3, 101, 10), (1, 3, 101, 20), "
                "(1, 3, 102, 50)");
     db->Direto("INSERT INTO TBDOCIT (Empresa, Seq, Item) VALUES (1, 4, 1), (1, 4, 3), (1, 4, 2), (1, 5, 9)");
+    ChaveMTBPEVIT() = {.Empresa = 1, .NumPed = 7, .Item = 999999999};
+    EXPECT_EQ(Le(A_MTBPEVIT, MTBPEVIT, "FSEL003", &A_MTBPEVIT_t::Item), (std::vector<int32_t>{30, 20, 10}));
+    ChaveMTBPEVIT().Item = 30;
+    Chama(A_MTBPEVIT(), MTBPEVIT, "FSEL003", "REQUERY");
+    EXPECT_EQ(A_MTBPEVIT().Item, 20);
     ChaveMTBPECIT() = {.Empresa = 1, .NumPed = 3, .CodFor = 101, .Item = 999999999};
-    Chama(A_MTBPECIT(), MTBPECIT, "FSEL003", "OPEN");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
-    EXPECT_EQ(A_MTBPECIT().Item, 20) << "the other supplier's items do not count";
+    EXPECT_EQ(Le(A_MTBPECIT, MTBPECIT, "FSEL003", &A_MTBPECIT_t::Item), (std::vector<int32_t>{20, 10}));
     ChaveMTBDOCIT() = {.Empresa = 1, .Seq = 4};
     Chama(A_MTBDOCIT(), MTBDOCIT, "FSEL024", "OPEN");
     ASSERT_EQ(c().Status, "00") << c().Msg;
@@ -130,11 +121,11 @@ TEST_P(Modulos, Fsel063EFsel011LevamAsColunasDeCadaTabelaAoSeuRegistro) {
     ChaveEquivMTBMAT() = {.EMPRESA = 1, .CODEQUIV = "E1", .TIPO = 2};
     Chama(A_MTBMAT(), MTBMAT, "FSEL063", "REQUERY");
     ASSERT_EQ(c().Status, "00") << c().Msg;
-    EXPECT_DOUBLE_EQ(A_MTBMATEQ().Valor, 8.8);
     EXPECT_EQ(Apara(A_MTBMATEQ().DscItem), "Equivalência E1");
-    EXPECT_DOUBLE_EQ(A_MTBMAT().PrcItem4, 4.4);
     EXPECT_EQ(Apara(A_MTBMAT().DscItem), "antes") << "T2.DSCITEM is the equivalence's";
-    EXPECT_DOUBLE_EQ(A_MTBMAT().QtdItAtu, 123) << "not in the select list";
+    // QtdItAtu is not in the select list.
+    EXPECT_EQ(std::make_tuple(A_MTBMATEQ().Valor, A_MTBMAT().PrcItem4, A_MTBMAT().QtdItAtu),
+              std::make_tuple(8.8, 4.4, 123.0));
 
     A_MTBMAT().CCusto = "";
     A_MTBMAT().PrcItem = 99;
@@ -143,9 +134,9 @@ TEST_P(Modulos, Fsel063EFsel011LevamAsColunasDeCadaTabelaAoSeuRegistro) {
     Chama(A_MTBMATEQ(), MTBMATEQ, "FSEL011", "REQUERY");
     ASSERT_EQ(c().Status, "00") << c().Msg;
     EXPECT_EQ(Apara(A_MTBMAT().CCusto), "LOJA");
-    EXPECT_DOUBLE_EQ(A_MTBMAT().PrcItem, 99) << "only CCusto comes from the product";
-    EXPECT_DOUBLE_EQ(A_MTBMATEQ().Valor, 6.5);
-    EXPECT_DOUBLE_EQ(A_MTBMATEQ().FatorConvGer, 7) << "column 36 is not read by FSEL011";
+    // Only CCusto comes from the product; column 36 is not read by FSEL011.
+    EXPECT_EQ(std::make_tuple(A_MTBMAT().PrcItem, A_MTBMATEQ().Valor, A_MTBMATEQ().FatorConvGer),
+              std::make_tuple(99.0, 6.5, 7.0));
 }
 
 TEST_P(Modulos, AliquotaICMSGeralOuDoEstadoSoParaOTipoF) {
@@ -163,14 +154,12 @@ TEST_P(Modulos, AliquotaICMSGeralOuDoEstadoSoParaOTipoF) {
         {9, "RJ", "F", 0, 0, "23"},     // no such code
     };
     for (const auto& k : casos) {
-        SCOPED_TRACE(std::string(k.uf) + "/" + k.tipo + "/" + std::to_string(k.codigo));
         int16_t empresa = 1, codigo = k.codigo;
         std::string uf = k.uf, tipo = k.tipo;
         double icms = -1, icmsf = -1;
         LerAliquotaICMS(empresa, codigo, uf, tipo, icms, icmsf);
-        EXPECT_EQ(icms, k.icms);
-        EXPECT_EQ(icmsf, k.icmsf);
-        EXPECT_EQ(c().Status, k.status);
+        EXPECT_EQ(std::tie(icms, icmsf, c().Status), std::make_tuple(k.icms, k.icmsf, k.status))
+            << k.uf << "/" << k.tipo << "/" << k.codigo;
     }
 }
 

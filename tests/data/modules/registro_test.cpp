@@ -44,9 +44,7 @@ TEST(TabelasDeColunas, ValoresSaemNaOrdemComOTipoDoCampoETextosComBrancos) {
     dc.DESC5 = 1.5;
     Valor::Lista v = A_MTBPEVDC_t::Colunas().Valores(&dc);
     ASSERT_EQ(v.size(), 8u);
-    EXPECT_EQ(v[0], Valor(int64_t{2}));
-    EXPECT_EQ(v[1], Valor(int64_t{70000}));
-    EXPECT_EQ(v[7], Valor(1.5));
+    EXPECT_EQ((Valor::Lista{v[0], v[1], v[7]}), (Valor::Lista{int64_t{2}, int64_t{70000}, 1.5}));
     A_MTBICMUF_t uf;
     uf.UF = "S";
     EXPECT_EQ(A_MTBICMUF_t::Colunas().Valores(&uf)[2], Valor("S "));
