@@ -54,19 +54,21 @@ class SegurancaNoBanco : public SobreOsDoisBancos {
     std::string operador = "JOAO";
 };
 
+// Refused: a wrong password, someone denied this right, someone unknown, and
+// anyone once the rights table is gone.
 TEST_P(SegurancaNoBanco, SemODireitoSoQuemOTemComASenhaCertaLibera) {
     EXPECT_EQ(Checa("maria", "s3nha"), seguranca::Autorizado);
     ASSERT_EQ(dialogo->pedidas.size(), 1u);
-    EXPECT_EQ(dialogo->pedidas[0].Operador, "JOAO");
-    EXPECT_EQ(dialogo->pedidas[0].Programa, "PJVELPEV");
-    EXPECT_EQ(dialogo->pedidas[0].Funcao, "DISPON");
+    const auto& p = dialogo->pedidas[0];
+    EXPECT_EQ(std::tie(p.Operador, p.Programa, p.Funcao), std::make_tuple("JOAO", "PJVELPEV", "DISPON"));
     EXPECT_EQ(operador, "maria");
-    // A wrong password, someone denied this right, someone unknown.
     for (auto [quem, senha] : {std::pair{"MARIA", "errada"}, {"PEDRO", "outra"}, {"NINGUEM", "s3nha"}}) {
         operador = "JOAO";
         EXPECT_EQ(Checa(quem, senha), seguranca::Recusado) << quem;
         EXPECT_EQ(operador, "JOAO");
     }
+    db->Direto("DROP TABLE TBSEGDIREITO");
+    EXPECT_EQ(Checa("MARIA", "s3nha"), seguranca::Recusado);
 }
 
 TEST_P(SegurancaNoBanco, SoConsultaOuDialogoAbandonadoRecusaEComODireitoPassaSemDialogo) {
@@ -131,11 +133,6 @@ TEST_P(SegurancaNoBanco, AspasNosNomesSaoInofensivas) {
     EXPECT_EQ(Conta("SELECT COUNT(*) AS N FROM TBSEGDIREITO"), 4);
 }
 
-TEST_P(SegurancaNoBanco, SemATabelaRecusa) {
-    db->Direto("DROP TABLE TBSEGDIREITO");
-    EXPECT_EQ(Checa("MARIA", "s3nha"), seguranca::Recusado);
-}
-
 TEST_P(SegurancaNoBanco, ChecagemNaoConfirmaNemMexeNoComunicaDoChamador) {
     db->Direto("CREATE TABLE TBX (N INTEGER PRIMARY KEY)");
     clsBancoDados banco;
@@ -145,9 +142,7 @@ TEST_P(SegurancaNoBanco, ChecagemNaoConfirmaNemMexeNoComunicaDoChamador) {
     c.Msg = "do chamador";
     c.Cursor = 7;
     EXPECT_EQ(Checa("MARIA", "s3nha"), seguranca::Autorizado);
-    EXPECT_EQ(c.Status, "23");
-    EXPECT_EQ(c.Msg, "do chamador");
-    EXPECT_EQ(c.Cursor, 7);
+    EXPECT_EQ(std::tie(c.Status, c.Msg, c.Cursor), std::make_tuple("23", "do chamador", int16_t{7}));
     c.Transacao = "ROLLBACK";
     c.Cursor = 0;
     ExecutaComunica();
@@ -162,9 +157,7 @@ TEST_P(SegurancaNoBanco, PelaChecagemDaBibliotecaComAFabrica) {
     std::string op = "JOAO", autorizador;
     int16_t r = -7;
     GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, autorizador, r, "9999", int16_t{1}, false, "", "");
-    EXPECT_EQ(r, seguranca::Autorizado);
-    EXPECT_EQ(autorizador, "MARIA");
-    EXPECT_EQ(op, "JOAO");
+    EXPECT_EQ(std::tie(r, autorizador, op), std::make_tuple(seguranca::Autorizado, "MARIA", "JOAO"));
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(SegurancaNoBanco);
