@@ -77,6 +77,14 @@ void Semeia(const std::function<void(const std::string&)>& exec) {
     }
     exec("INSERT INTO TBREGSRV (usuario, chave, valor) VALUES ('BENCH', 'DESCONTO CASCATA', 'SIM'), "
          "('BENCH', 'BLOQUEIA ITENS', 'SIM')");
+    // Empty documents for the memory runs.
+    for (int doc : {3, 4}) {
+        const std::string d = std::to_string(doc);
+        exec("INSERT INTO TBPEV (Empresa, NumPed, UF, CodVendedor, CodRep, NatOper) VALUES (1, " + d +
+             ", 'SP', 1, 10, 5102)");
+        exec("INSERT INTO TBDOC (Empresa, Seq, UF, Vendedor, CodRep, NatOper) VALUES (1, " + d +
+             ", 'SP', 1, 10, 5102)");
+    }
 }
 
 void Copia(const Grade& de, Grade& para) {
@@ -140,10 +148,12 @@ long Kib(const char* campo) {
 
 // The memory a generation of n items takes, in a process of its own that
 // opens its connection and loads the grouping first: its resident peak over
-// what it held just before generating, and that peak. The parent holds no
-// component connection while the child runs.
+// what it held just before generating, and that peak. Each size writes into
+// an empty document of its own, so that the last-item read, which the
+// connectors buffer whole, weighs the same. The parent holds no component
+// connection while the child runs.
 std::pair<long, long> Memoria(const ConfigBanco& config, JanelasModelo& janelas, const std::string& grupo,
-                              size_t n) {
+                              size_t n, int32_t documento) {
     FechaConexao();
     int p[2];
     if (pipe(p) != 0) throw std::runtime_error("pipe");
@@ -154,6 +164,7 @@ std::pair<long, long> Memoria(const ConfigBanco& config, JanelasModelo& janelas,
         try {
             if (AbreComponente(config.Servidor, config.Banco, config.USUARIO, config.Senha)) {
                 ZeraCursoresModulos();
+                SessaoAtual().NumDoc = documento;
                 Entrada e;
                 e.Carrega(grupo);
                 std::ofstream("/proc/self/clear_refs") << "5";
@@ -432,8 +443,8 @@ void Roda(const std::string& banco, const ConfigBanco& config,
         }
         Imprime(std::string("geracao-") + k.origem + "-" + banco, c, p);
 
-        const auto [extra1, pico1] = Memoria(config, *janelas, "CARGA", Itens);
-        const auto [extra10, pico10] = Memoria(config, *janelas, "CARGA10K", ItensGrande);
+        const auto [extra1, pico1] = Memoria(config, *janelas, "CARGA", Itens, 3);
+        const auto [extra10, pico10] = Memoria(config, *janelas, "CARGA10K", ItensGrande, 4);
         std::printf(
             "memoria-geracao-%s-%s: peak +%ld KiB over the loaded process at %d items, +%ld KiB at %d "
             "items (peak resident, the grid included: %ld / %ld KiB)\n",

