@@ -3,7 +3,7 @@
 // typed into through the X server by xdotool, as an operator would.
 //
 //   ztolvan_qt_janelas_tests                  the checks
-//   ztolvan_qt_janelas_tests --mostra f03     one dialog, left to whoever looks at it
+//   ztolvan_qt_janelas_tests --mostra f03     one screen (f01 f02 f03 f05), left to whoever looks at it
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -23,6 +23,7 @@
 #include "screens/auxiliary/tolvanf02.h"
 #include "screens/auxiliary/tolvanf03.h"
 #include "screens/auxiliary/tolvanf05.h"
+#include "screens/consultation/tolvanf01.h"
 #include "screens/troca.h"
 #include "ui/qt/controles_qt.h"
 #include "ui/qt/instala_qt.h"
@@ -171,7 +172,15 @@ int Mostra(const std::string& qual) {
     Troca().FornecedorAlterar = "Usina São João";
     std::unique_ptr<BancoDemo> banco;
     std::unique_ptr<Tela> t;
-    if (qual == "f02") {
+    if (qual == "f01") {
+        banco = std::make_unique<BancoDemo>();
+        Sessao& s = SessaoAtual();
+        s.Empresa = 1;
+        s.Operador = "DEMO";
+        s.Origem = s.OrigemTrim = "V";
+        s.OrigemDocumento = true;
+        t = std::make_unique<TolvanF01>();
+    } else if (qual == "f02") {
         banco = std::make_unique<BancoDemo>();
         t = std::make_unique<TolvanF02>();
     } else if (qual == "f03") {
@@ -179,7 +188,7 @@ int Mostra(const std::string& qual) {
     } else if (qual == "f05") {
         t = std::make_unique<TolvanF05>();
     } else {
-        std::cerr << "f02, f03 or f05\n";
+        std::cerr << "f01, f02, f03 or f05\n";
         return 2;
     }
     MostraModal(*t);

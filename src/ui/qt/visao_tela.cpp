@@ -435,6 +435,8 @@ void VisaoTela::SincronizaGrade(Item& i) {
     // versaoLista stands for the grid's version whose widths are shown.
     if (mudanca != ModeloGrade::Mudanca::Nenhuma || i.versaoLista != g.Versao()) {
         const QFontMetrics fm(v->font());
+        // Headers take the platform's header font unless told.
+        if (v->horizontalHeader()->font() != v->font()) v->horizontalHeader()->setFont(v->font());
         v->verticalHeader()->setDefaultSectionSize(fm.height() + 4);
         for (int c = 0; c < g.Cols(); ++c) {
             const int ms = g.LarguraM(c);
