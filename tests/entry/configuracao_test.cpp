@@ -46,27 +46,29 @@ class Configuracao : public ComEsquema {
     std::shared_ptr<ArmazemMemoria> armazem;
 };
 
-TEST_P(Configuracao, ValorDaTabelaDoOperadorVenceOArmazem) {
+// The operator's row wins over the store (another operator's does not count);
+// a blank row gives the default without reading the store.
+TEST_P(Configuracao, ValorDaTabelaDoOperadorVenceOArmazemEEmBrancoDaOPadrao) {
     Grava("OUTRO", "PRECO VENDA", "2");
     Grava("DEMO", "PRECO VENDA", "3");
-    armazem->valores["PRECO VENDA"] = "5";
-    LerAjuste(Ajuste::PrecoVenda);
-    EXPECT_EQ(SessaoAtual().PrecoVenda, 3);
-}
-
-TEST_P(Configuracao, ValorEmBrancoNaTabelaDaOPadraoSemLerOArmazem) {
     Grava("DEMO", "DESCONTO CASCATA", "   ");
-    armazem->valores["DESCONTO CASCATA"] = "SIM";
+    armazem->valores = {{"PRECO VENDA", "5"}, {"DESCONTO CASCATA", "SIM"}};
+    LerAjuste(Ajuste::PrecoVenda);
     LerAjuste(Ajuste::DescontoCascata);
+    EXPECT_EQ(SessaoAtual().PrecoVenda, 3);
     EXPECT_EQ(SessaoAtual().DescontoCascata, "NAO");
 }
 
+// With no row the store answers, a blank there reading as NAO for ICMS
+// Antecipado, else the default; the log names the routine.
 TEST_P(Configuracao, SemLinhaVemDoArmazemOuDoPadraoEFicaNoLog) {
-    armazem->valores["BLOQUEIA ITENS"] = "SIM";
+    armazem->valores = {{"BLOQUEIA ITENS", "SIM"}, {"ICMS Antecipado", "  "}};
     LerAjuste(Ajuste::BloqueiaItens);
-    EXPECT_EQ(SessaoAtual().BloqueiaItens, "SIM");
     LerAjuste(Ajuste::CobraICMSSubstituto);
-    EXPECT_EQ(SessaoAtual().CobraICMSSubstituto, "SIM") << "the default";
+    LerAjuste(Ajuste::ICMSAntecipado);
+    const Sessao& s = SessaoAtual();
+    EXPECT_EQ(std::tie(s.BloqueiaItens, s.CobraICMSSubstituto, s.ICMSAntecipado),
+              std::make_tuple("SIM", "SIM", "NAO"));
     const std::string log = Log();
     EXPECT_NE(log.find("Rotina: Registro_Consultar_Dados - Erro= "), std::string::npos) << log;
 }
@@ -84,33 +86,26 @@ TEST_P(Configuracao, Falha99PassaTudoParaOArmazemSemVoltarATabela) {
     EXPECT_EQ(SessaoAtual().TipoPrecoCompra, " ");
 }
 
-TEST_P(Configuracao, IcmsAntecipadoEmBrancoNoArmazemLeNao) {
-    armazem->valores["ICMS Antecipado"] = "  ";
-    LerAjuste(Ajuste::ICMSAntecipado);
-    EXPECT_EQ(SessaoAtual().ICMSAntecipado, "NAO");
-}
-
 TEST_P(Configuracao, NumeroInvalidoDaOPadraoEDizNoLogQualAjusteCorrigir) {
     Grava("DEMO", "PRECO VENDA", "dois");
     Grava("DEMO", "Empresa Origem", "70000");
     LerAjuste(Ajuste::PrecoVenda);
     LerAjuste(Ajuste::EmpresaOrigem);
-    EXPECT_EQ(SessaoAtual().PrecoVenda, 1);
-    EXPECT_EQ(SessaoAtual().EmpresaOrigem, 0);
+    EXPECT_EQ(std::make_tuple(SessaoAtual().PrecoVenda, SessaoAtual().EmpresaOrigem), std::make_tuple(1, 0));
     const std::string log = Log();
-    EXPECT_NE(log.find("\"PRECO VENDA\""), std::string::npos) << log;
-    EXPECT_NE(log.find("\"Empresa Origem\""), std::string::npos) << log;
+    for (const char* ajuste : {"\"PRECO VENDA\"", "\"Empresa Origem\""})
+        EXPECT_NE(log.find(ajuste), std::string::npos) << log;
 }
 
 TEST_P(Configuracao, ConsultaDevolveStatusBarraValor) {
     Grava("DEMO", "IMPRESSORA MATRICIAL", " SIM ");
     EXPECT_EQ(Registro_Consultar_Dados("DEMO", "IMPRESSORA MATRICIAL"), "00/SIM");
     const Chamada& ultima = gravador->chamadas.back();
-    EXPECT_EQ(ultima.Transacao, "REQUERY");
-    EXPECT_EQ(ultima.Cursor, 0);
-    EXPECT_EQ(ultima.Texto,
-              "SELECT usuario, chave, valor, dtinc, hrinc, dtatu, hratu, usuarioatu, usuarioinc FROM "
-              "TBREGSRV WHERE usuario = 'DEMO' AND chave = 'IMPRESSORA MATRICIAL'");
+    EXPECT_EQ(
+        std::tie(ultima.Transacao, ultima.Cursor, ultima.Texto),
+        std::make_tuple("REQUERY", int16_t{0},
+                        "SELECT usuario, chave, valor, dtinc, hrinc, dtatu, hratu, usuarioatu, usuarioinc "
+                        "FROM TBREGSRV WHERE usuario = 'DEMO' AND chave = 'IMPRESSORA MATRICIAL'"));
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(Configuracao);

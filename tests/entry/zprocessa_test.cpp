@@ -70,21 +70,12 @@ TEST_P(ZProcessaTeste, OpcaoZeroPreencheOContextoESaiComStatus1SemMostrarNada) {
     Chamada c;
     c.Faz(*componente);
     const Sessao& s = SessaoAtual();
-    EXPECT_EQ(c.statusret, 1);
-    EXPECT_EQ(c.zstatus, 0);
-    EXPECT_EQ(c.mens, "");
-    EXPECT_EQ(s.Operador, "TESTE");
-    EXPECT_EQ(s.Origem, "V");
-    EXPECT_TRUE(s.OrigemDocumento);
-    EXPECT_EQ(s.NumDoc, 100);
-    EXPECT_EQ(s.TpMov, 5);
-    EXPECT_EQ(s.NatOper, 12);
-    EXPECT_EQ(s.DadosVenda1, "1");
-    EXPECT_EQ(s.DadosVenda2, -1);
-    EXPECT_EQ(s.DadosVenda6, "PR");
-    EXPECT_EQ(s.TipoPreco, "1");
+    EXPECT_EQ(std::tie(c.statusret, c.zstatus, c.mens), std::make_tuple(1, 0, ""));
+    EXPECT_EQ(std::tie(s.Operador, s.Origem, s.OrigemDocumento, s.NumDoc, s.TpMov, s.Versao),
+              std::make_tuple("TESTE", "V", true, 100, 5, "1.0.0001"));
+    EXPECT_EQ(std::tie(s.NatOper, s.DadosVenda1, s.DadosVenda2, s.DadosVenda6, s.TipoPreco),
+              std::make_tuple(12, "1", -1, "PR", "1"));
     EXPECT_EQ(Apara(A_MTBPAR().UF), "SP") << "the company record is read";
-    EXPECT_EQ(s.Versao, "1.0.0001");
     EXPECT_TRUE(Mostradas().empty());
 }
 
@@ -106,6 +97,8 @@ TEST_P(ZProcessaTeste, TipoDePrecoPelasRegras) {
         {"blank purchase type falls to the groupings'", {}, "C", {{"Preco Agrupamento", "5"}}, "5"},
         {"nothing set: PRECO VENDA", {}, "V", {{"PRECO VENDA", "2"}}, "2"},
         {"nothing at all: PRECO VENDA's default", {}, "V", {}, "1"},
+        // A lower-case origin is no document, and its data is not read.
+        {"lower-case c still counts as a purchase", {}, "c", {{"TIPO PRECO COMPRA", "3"}}, "3"},
     };
     for (const Caso& k : casos) {
         SCOPED_TRACE(k.nome);
@@ -115,23 +108,14 @@ TEST_P(ZProcessaTeste, TipoDePrecoPelasRegras) {
         Chamada c;
         c.tipo = k.tipoDado;
         c.origem = k.origem;
-        if (c.origem == "C") c.dados = Valor::Lista{3, 4501};
+        if (c.origem != "V") c.dados = c.origem == "C" ? Valor(Valor::Lista{3, 4501}) : Valor();
         c.Faz(*componente);
         EXPECT_EQ(SessaoAtual().TipoPreco, k.esperado);
+        EXPECT_EQ(SessaoAtual().OrigemDocumento, c.origem != "c");
+        EXPECT_EQ(SessaoAtual().OrigemTrim, c.origem);
     }
-    EXPECT_EQ(SessaoAtual().CodFor, 4501) << "origin C reads the supplier";
-}
-
-TEST_P(ZProcessaTeste, OrigemMinusculaNaoEDocumentoMasCompraAindaValeNoTipo) {
-    Ajuste("TIPO PRECO COMPRA", "3");
-    Chamada c;
-    c.origem = "c";
-    c.dados = Valor(); // not read for a lower-case origin
-    c.Faz(*componente);
-    EXPECT_FALSE(SessaoAtual().OrigemDocumento);
-    EXPECT_EQ(SessaoAtual().TipoPreco, "3");
-    EXPECT_EQ(SessaoAtual().OrigemTrim, "c");
     EXPECT_TRUE(Mostradas().empty());
+    EXPECT_EQ(SessaoAtual().CodFor, 4501) << "origin C reads the supplier";
 }
 
 TEST_P(ZProcessaTeste, EmpresaOrigemECustoPrecoEmpresaOrigem) {
@@ -139,16 +123,13 @@ TEST_P(ZProcessaTeste, EmpresaOrigemECustoPrecoEmpresaOrigem) {
     c.empresa = 2;
     c.Faz(*componente);
     const Sessao& s = SessaoAtual();
-    EXPECT_EQ(s.EmpresaOrigem, 2);
-    EXPECT_EQ(s.EmpresaConsulta, 2);
-    EXPECT_EQ(s.EmpresaPreco, 2);
+    EXPECT_EQ(std::tie(s.EmpresaOrigem, s.EmpresaConsulta, s.EmpresaPreco), std::make_tuple(2, 2, 2));
     EXPECT_EQ(Apara(A_MTBPAR().UF), "MG");
     Ajuste("Empresa Origem", "1");
     Ajuste("CUSTOPRECO EMPRESA ORIGEM", " nao ");
     c.Faz(*componente);
-    EXPECT_EQ(s.EmpresaOrigem, 1);
-    EXPECT_EQ(s.EmpresaConsulta, 1);
-    EXPECT_EQ(s.EmpresaPreco, 2) << "NAO: costs and prices of the session's own company";
+    // NAO: costs and prices of the session's own company.
+    EXPECT_EQ(std::tie(s.EmpresaOrigem, s.EmpresaConsulta, s.EmpresaPreco), std::make_tuple(1, 1, 2));
 }
 
 TEST_P(ZProcessaTeste, EmpresaQueNaoExisteNaoEAvisadaEZeraOsPercentuais) {
@@ -157,8 +138,7 @@ TEST_P(ZProcessaTeste, EmpresaQueNaoExisteNaoEAvisadaEZeraOsPercentuais) {
     ASSERT_NE(A_MTBPAR().PerPis, 0.0) << "the demo company has PIS";
     c.empresa = 99;
     c.Faz(*componente);
-    EXPECT_EQ(A_MTBPAR().PerPis, 0.0);
-    EXPECT_EQ(A_MTBPAR().PerCusFixo, 0.0);
+    EXPECT_EQ(std::make_tuple(A_MTBPAR().PerPis, A_MTBPAR().PerCusFixo), std::make_tuple(0.0, 0.0));
     EXPECT_TRUE(Mostradas().empty());
     EXPECT_EQ(c.statusret, 1);
 }
@@ -185,15 +165,13 @@ TEST_P(ZProcessaTeste, DadosVendasMalFormadoAvisaNoEstiloDoSistemaELimpaOContext
         Chamada c;
         c.dados = ruim;
         c.Faz(*componente);
-        EXPECT_EQ(c.statusret, 1);
-        EXPECT_EQ(c.zstatus, 0);
-        EXPECT_EQ(c.mens, "");
+        EXPECT_EQ(std::tie(c.statusret, c.zstatus, c.mens), std::make_tuple(1, 0, ""));
         ASSERT_EQ(Mostradas().size(), 1u);
-        EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - ZProcessa");
-        EXPECT_EQ(Mostradas()[0].Titulo, "Aviso");
-        EXPECT_EQ(Mostradas()[0].Tipo, 16);
-        EXPECT_EQ(SessaoAtual().NatOper, 0) << "no half-filled host context survives";
-        EXPECT_EQ(SessaoAtual().DadosVenda3, "");
+        const MensagemMostrada& m = Mostradas()[0];
+        EXPECT_EQ(std::tie(m.Texto, m.Titulo, m.Tipo),
+                  std::make_tuple("Atenção! erro não previsto na função - ZProcessa", "Aviso", 16));
+        // No half-filled host context survives.
+        EXPECT_EQ(std::tie(SessaoAtual().NatOper, SessaoAtual().DadosVenda3), std::make_tuple(0, ""));
     }
 }
 
@@ -233,52 +211,38 @@ TEST_P(ZProcessaTeste, SemTelasInstaladasAvisaQueATelaNaoEstaDisponivel) {
 }
 
 TEST_P(ZProcessaTeste, DuasThreadsComEmpresasDiferentesVeemCadaUmaASuaSessao) {
-    std::string uf[2];
-    int16_t empresa[2] = {0, 0};
-    std::string status[2];
+    std::string visto[2]; // status of the connection, company, state
     auto trabalho = [&](int i) {
         PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
         consultalista proprio;
-        status[i] = ComunicaAtual().Status;
+        visto[i] = ComunicaAtual().Status;
         for (int volta = 0; volta < 20; ++volta) {
             Chamada c;
             c.empresa = static_cast<int16_t>(i + 1);
             c.Faz(proprio);
         }
-        empresa[i] = SessaoAtual().Empresa;
-        uf[i] = Apara(A_MTBPAR().UF);
+        visto[i] += "/" + std::to_string(SessaoAtual().Empresa) + "/" + Apara(A_MTBPAR().UF);
     };
     std::thread a(trabalho, 0), b(trabalho, 1);
     a.join();
     b.join();
-    EXPECT_EQ(status[0], "00");
-    EXPECT_EQ(status[1], "00");
-    EXPECT_EQ(empresa[0], 1);
-    EXPECT_EQ(empresa[1], 2);
-    EXPECT_EQ(uf[0], "SP");
-    EXPECT_EQ(uf[1], "MG");
+    EXPECT_EQ(visto[0], "00/1/SP");
+    EXPECT_EQ(visto[1], "00/2/MG");
+}
+
+// Unless the host brought its own component, the rights table decides; with
+// no dialog in a program without screens nobody authorises.
+TEST_P(ZProcessaTeste, ATabelaDeDireitosDecideQuandoOHostNaoTrouxeComponente) {
+    for (auto [operador, esperado] :
+         {std::pair{"SUPERVISOR", seguranca::Autorizado}, {"DEMO", seguranca::Recusado}}) {
+        std::string op = operador, autorizador;
+        int16_t resultado = -1;
+        GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", op, autorizador, resultado, "", int16_t{1}, false, "",
+                           "");
+        EXPECT_EQ(resultado, esperado) << operador;
+    }
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(ZProcessaTeste);
-
-} // namespace
-
-namespace {
-
-class SegurancaPadrao : public ZProcessaTeste {};
-
-TEST_P(SegurancaPadrao, ATabelaDeDireitosDecideQuandoOHostNaoTrouxeComponente) {
-    std::string operador = "SUPERVISOR", autorizador;
-    int16_t resultado = -1;
-    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "", int16_t{1}, false, "",
-                       "");
-    EXPECT_EQ(resultado, seguranca::Autorizado);
-    operador = "DEMO";
-    GLO_ChecaSeguranca(1, "PJVELPEV", "DISPON", operador, autorizador, resultado, "", int16_t{1}, false, "",
-                       "");
-    EXPECT_EQ(resultado, seguranca::Recusado) << "no dialog in a program without screens: nobody authorises";
-}
-
-ZTOLVAN_NOS_DOIS_BANCOS(SegurancaPadrao);
 
 } // namespace
