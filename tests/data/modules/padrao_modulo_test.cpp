@@ -21,14 +21,6 @@ class PadraoModulo : public ComEsquema {
         ChaveMTBPAR().Empresa = emp;
         Chama(A_MTBPAR(), MTBPAR, "FSEL001", "REQUERY");
     }
-    // A row of TBPEVDC order 'numped' waiting for COMMIT or ROLLBACK.
-    void Pendente(int32_t numped) {
-        A_MTBPEVDC().EMPRESA = 1;
-        A_MTBPEVDC().NUMPED = numped;
-        A_MTBPEVDC().DESC1 = 2.5;
-        Chama(A_MTBPEVDC(), MTBPEVDC, "FINS001", "EXECUTE");
-        ASSERT_EQ(c().Status, "00") << c().Msg;
-    }
 };
 
 // A key with no row gives "23" and leaves the record as it was.
@@ -97,30 +89,17 @@ TEST_P(PadraoModulo, FuncaoOuPalavraDesconhecidaMostraAMensagemDoModulo) {
     }
 }
 
-TEST_P(PadraoModulo, CommitERollbackPorQualquerModuloComQualquerFuncao) {
-    Pendente(10);
-    Chama(A_MTBPAR(), MTBPAR, "QUALQUER", " COMMIT ");
-    EXPECT_EQ(c().Status, "00") << c().Msg;
-    Pendente(11);
-    Chama(A_MTBMATAG(), MTBMATAG, "FSEL999", "ROLLBACK");
-    EXPECT_EQ(c().Status, "00") << c().Msg;
-    EXPECT_TRUE(Mostradas().empty());
-    EXPECT_EQ(Palavras(), (std::vector<std::string>{"PREPARE", "EXECUTE", "COMMIT", "EXECUTE", "ROLLBACK"}));
-    EXPECT_EQ(gravador->chamadas[2].Cursor, 0);
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVDC WHERE NUMPED = 10 AND DESC1 = 2.5")), 1);
-    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVDC WHERE NUMPED = 11")), 0);
-}
-
 // Texts are cut to the field's width counting characters, accented ones
-// among them, both when read and when sent; trailing blanks never count.
-TEST_P(PadraoModulo, TextoNaLarguraDoCampoContandoCaracteresAoLerEAoEnviar) {
-    const std::string razao = "Comércio de Açúcar e Café São João Ltda - ME!";
-    ASSERT_EQ(Largura(razao), 45u);
+// among them, both when read and when sent; trailing blanks never count. Any
+// module commits or rolls back, whatever its function code.
+TEST_P(PadraoModulo, TextoNaLarguraDoCampoAoLerEAoEnviarECommitERollbackPorQualquerModulo) {
+    const std::string razao = "Comércio de Açúcar e Café São João Ltda - ME!"; // 45 characters
     Empresa(3, razao);
     LePar(3);
     ASSERT_EQ(c().Status, "00") << c().Msg;
     EXPECT_EQ(A_MTBPAR().RazSocial.str(), Esquerda(razao, 40));
     EXPECT_EQ(Largura(A_MTBPAR().NomeFant), 40u) << "an empty column reads as 40 blanks";
+    gravador->chamadas.clear();
     A_MTBPEVIT_t& it = A_MTBPEVIT();
     it.Empresa = 1;
     it.NumPed = 5;
@@ -129,10 +108,19 @@ TEST_P(PadraoModulo, TextoNaLarguraDoCampoContandoCaracteresAoLerEAoEnviar) {
     it.UndMat = "UNIDADE";
     Chama(it, MTBPEVIT, "FINS001", "EXECUTE");
     ASSERT_EQ(c().Status, "00") << c().Msg;
-    Chama(it, MTBPEVIT, "", "COMMIT");
+    Chama(A_MTBPAR(), MTBPAR, "QUALQUER", " COMMIT ");
+    EXPECT_EQ(c().Status, "00") << c().Msg;
+    it.NumPed = 6;
+    Chama(it, MTBPEVIT, "FINS001", "EXECUTE");
+    Chama(A_MTBMATAG(), MTBMATAG, "FSEL999", "ROLLBACK");
+    EXPECT_EQ(c().Status, "00") << c().Msg;
+    EXPECT_TRUE(Mostradas().empty());
+    EXPECT_EQ(Palavras(), (std::vector<std::string>{"PREPARE", "EXECUTE", "COMMIT", "EXECUTE", "ROLLBACK"}));
+    EXPECT_EQ(gravador->chamadas[2].Cursor, 0);
     EXPECT_EQ(Apara(CStr(Um("SELECT DscMat FROM TBPEVIT WHERE NumPed = 5"))),
               std::string(30, 'x') + std::string(70, 'y'));
     EXPECT_EQ(Apara(CStr(Um("SELECT UndMat FROM TBPEVIT WHERE NumPed = 5 AND CodMat = 'AB'"))), "UN");
+    EXPECT_EQ(CDbl(Um("SELECT COUNT(*) FROM TBPEVIT WHERE NumPed = 6")), 0);
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(PadraoModulo);
