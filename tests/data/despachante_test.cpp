@@ -34,11 +34,13 @@ class Despachante : public SobreOsDoisBancos {
         EXPECT_EQ(c().Status, "00") << c().Msg;
         return c().Cursor;
     }
-    void Envia(const std::string& palavra, int16_t cursor, Valor dados = Valor(std::string())) {
+    // Sends a command word through the dispatcher; gives back the status.
+    std::string Envia(const std::string& palavra, int16_t cursor, Valor dados = Valor(std::string())) {
         c().Transacao = palavra;
         c().Cursor = cursor;
         c().Dados = std::move(dados);
         ExecutaComunica();
+        return c().Status;
     }
     std::vector<std::string> Codigos(int16_t cur, Valor chave) {
         std::vector<std::string> r;
@@ -49,8 +51,7 @@ class Despachante : public SobreOsDoisBancos {
         return r;
     }
     int Conta(const std::string& where) {
-        Envia("REQUERY", 0, "SELECT COUNT(*) FROM TBX WHERE " + where);
-        EXPECT_EQ(c().Status, "00") << c().Msg;
+        EXPECT_EQ(Envia("REQUERY", 0, "SELECT COUNT(*) FROM TBX WHERE " + where), "00") << c().Msg;
         return static_cast<int>(c().Retorno[0].inteiro());
     }
     int16_t PreparaInsercao() {
@@ -64,13 +65,11 @@ class Despachante : public SobreOsDoisBancos {
 
 TEST_P(Despachante, OpenPosicionaNaPrimeiraLinhaComAsColunasNaOrdemDoSelectOu23SemLinha) {
     int16_t cur = Prepara(Sel);
-    Envia("OPEN", cur, Valor::Lista{1});
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Envia("OPEN", cur, Valor::Lista{1}), "00") << c().Msg;
     EXPECT_EQ(c().Retorno, Valor(Valor::Lista{1, "A", 1.5, "um"}));
     Envia("NEXT", cur);
     EXPECT_TRUE(c().Retorno[3].vazio()) << "a NULL column arrives empty";
-    Envia("OPEN", cur, Valor::Lista{77});
-    EXPECT_EQ(c().Status, "23");
+    EXPECT_EQ(Envia("OPEN", cur, Valor::Lista{77}), "23");
     EXPECT_EQ(c().Retorno, Valor(std::string()));
 }
 
@@ -85,8 +84,7 @@ TEST_P(Despachante, MovimentosNoResultadoAbertoDao23ForaDasPontas) {
         vistos += Codigo();
     }
     EXPECT_EQ(vistos, "CBA");
-    Envia("PREV", cur);
-    EXPECT_EQ(c().Status, "23");
+    EXPECT_EQ(Envia("PREV", cur), "23");
     Envia("NEXT", cur);
     EXPECT_EQ(Codigo(), "A") << "back in from before the first row";
 }
@@ -94,49 +92,40 @@ TEST_P(Despachante, MovimentosNoResultadoAbertoDao23ForaDasPontas) {
 TEST_P(Despachante, RequeryEExecuteDeConsultaRodamDeNovoComOutrosValores) {
     int16_t cur = Prepara(Sel);
     Envia("OPEN", cur, Valor::Lista{1});
-    Envia("REQUERY", cur, Valor::Lista{2});
-    ASSERT_EQ(c().Status, "00");
+    ASSERT_EQ(Envia("REQUERY", cur, Valor::Lista{2}), "00");
     EXPECT_EQ(c().Retorno[3].texto(), "outra");
-    Envia("NEXT", cur);
-    EXPECT_EQ(c().Status, "23");
-    Envia("EXECUTE", cur, Valor::Lista{1});
-    ASSERT_EQ(c().Status, "00");
+    EXPECT_EQ(Envia("NEXT", cur), "23");
+    ASSERT_EQ(Envia("EXECUTE", cur, Valor::Lista{1}), "00");
     EXPECT_EQ(c().Retorno[3].texto(), "um");
 }
 
 // REQUERY with handle 0 keeps nothing; OPEN with handle 0 keeps its result
-// under a new handle until CLOSE. Neither prepares.
+// under a new handle until CLOSE frees it. Neither prepares.
 TEST_P(Despachante, TextoSemCursorRodaSemPrepareEOOpenDevolveOCursorDoResultado) {
-    Envia("REQUERY", 0, "SELECT OBS FROM TBX WHERE EMPRESA = '2' AND CODIGO = 'A'");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Envia("REQUERY", 0, "SELECT OBS FROM TBX WHERE EMPRESA = '2' AND CODIGO = 'A'"), "00")
+        << c().Msg;
     EXPECT_EQ(c().Retorno[0].texto(), "outra");
-    Envia("OPEN", 0, "SELECT CODIGO FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO");
-    ASSERT_EQ(c().Status, "00");
+    ASSERT_EQ(Envia("OPEN", 0, "SELECT CODIGO FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO"), "00");
     int16_t cur = c().Cursor;
     ASSERT_NE(cur, 0);
     Envia("NEXT", cur);
     EXPECT_EQ(Apara(c().Retorno[0].texto()), "B");
-    Envia("CLOSE", cur);
-    EXPECT_EQ(c().Status, "00");
-    Envia("NEXT", cur);
-    EXPECT_EQ(c().Status, "99") << "a closed text cursor is gone";
+    EXPECT_EQ(Envia("CLOSE", cur), "00");
+    EXPECT_EQ(Envia("NEXT", cur), "99") << "a closed text cursor is gone";
     EXPECT_EQ(gravador->Palavras(), (std::vector<std::string>{"REQUERY", "OPEN", "NEXT", "CLOSE", "NEXT"}));
+    ASSERT_EQ(Envia("OPEN", 0, "SELECT CODIGO FROM TBX"), "00");
+    EXPECT_EQ(c().Cursor, cur) << "its number is free again";
 }
 
 // A refused insert ("22") and a failing statement leave the unit's earlier
 // changes pending.
 TEST_P(Despachante, InsertComChaveExistenteDa22EAUnidadeSegueDepoisDeUmaFalha) {
     int16_t ins = PreparaInsercao();
-    Envia("EXECUTE", ins, Linha(3, "N"));
-    EXPECT_EQ(c().Status, "00") << c().Msg;
-    Envia("EXECUTE", ins, Linha(1, "A"));
-    EXPECT_EQ(c().Status, "22") << c().Msg;
-    Envia("REQUERY", 0, "SELECT NADA FROM TBX");
-    EXPECT_EQ(c().Status, "99");
-    Envia("EXECUTE", ins, Linha(3, "M"));
-    EXPECT_EQ(c().Status, "00") << c().Msg;
-    Envia("COMMIT", 0);
-    EXPECT_EQ(c().Status, "00");
+    EXPECT_EQ(Envia("EXECUTE", ins, Linha(3, "N")), "00") << c().Msg;
+    EXPECT_EQ(Envia("EXECUTE", ins, Linha(1, "A")), "22") << c().Msg;
+    EXPECT_EQ(Envia("REQUERY", 0, "SELECT NADA FROM TBX"), "99");
+    EXPECT_EQ(Envia("EXECUTE", ins, Linha(3, "M")), "00") << c().Msg;
+    EXPECT_EQ(Envia("COMMIT", 0), "00");
     EXPECT_EQ(Conta("EMPRESA = 3"), 2);
 }
 
@@ -149,8 +138,7 @@ TEST_P(Despachante, RollbackDescartaTudoDesdeOUltimoCommitEOConfirmadoSobreviveA
     int16_t upd = Prepara("UPDATE TBX SET OBS = ? WHERE EMPRESA = ?");
     Envia("EXECUTE", upd, Valor::Lista{"mudou", 5});
     EXPECT_EQ(Conta("EMPRESA = 5"), 3) << "pending changes are seen on the same connection";
-    Envia("ROLLBACK", 0);
-    EXPECT_EQ(c().Status, "00");
+    EXPECT_EQ(Envia("ROLLBACK", 0), "00");
     EXPECT_EQ(Conta("EMPRESA = 5"), 1);
     EXPECT_EQ(Conta("OBS = 'mudou'"), 0);
     Envia("EXECUTE", ins, Linha(5, "Y")); // never committed
@@ -162,8 +150,7 @@ TEST_P(Despachante, RollbackDescartaTudoDesdeOUltimoCommitEOConfirmadoSobreviveA
 TEST_P(Despachante, UmCursorPreparadoServeMuitasVezes) {
     int16_t ins = PreparaInsercao();
     for (int i = 0; i < 50; ++i) {
-        Envia("EXECUTE", ins, Linha(7, std::to_string(i).c_str()));
-        ASSERT_EQ(c().Status, "00") << c().Msg;
+        ASSERT_EQ(Envia("EXECUTE", ins, Linha(7, std::to_string(i).c_str())), "00") << c().Msg;
         Envia("COMMIT", 0);
     }
     EXPECT_EQ(Conta("EMPRESA = 7"), 50);
@@ -176,20 +163,14 @@ TEST_P(Despachante, FalhasDao99ComAMensagemDoBancoEAsChamadasSeguintesFuncionam)
     EXPECT_EQ(c().Status, "99");
     EXPECT_FALSE(c().Msg.empty());
     int16_t cur = Prepara(Sel);
-    Envia("OPEN", cur, Valor::Lista{1, 2});
-    EXPECT_EQ(c().Status, "99") << "too many values";
+    EXPECT_EQ(Envia("OPEN", cur, Valor::Lista{1, 2}), "99") << "too many values";
     EXPECT_NE(c().Msg.find("parâmetros"), std::string::npos);
-    Envia("OPEN", cur, Valor(std::string()));
-    EXPECT_EQ(c().Status, "99") << "no values";
-    Envia("NEXT", 999);
-    EXPECT_EQ(c().Status, "99") << "unknown handle";
-    Envia("FETCH", cur);
-    EXPECT_EQ(c().Status, "99") << "unknown command word";
-    Envia("#INSERT", cur, Valor::Lista{1, "Q", 1.0, "q"});
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Envia("OPEN", cur, Valor(std::string())), "99") << "no values";
+    EXPECT_EQ(Envia("NEXT", 999), "99") << "unknown handle";
+    EXPECT_EQ(Envia("FETCH", cur), "99") << "unknown command word";
+    EXPECT_EQ(Envia("#INSERT", cur, Valor::Lista{1, "Q", 1.0, "q"}), "99");
     EXPECT_NE(c().Msg.find("#INSERT"), std::string::npos);
-    Envia("REQUERY", 0, "SELECT * FROM TABELA_QUE_NAO_EXISTE");
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Envia("REQUERY", 0, "SELECT * FROM TABELA_QUE_NAO_EXISTE"), "99");
     EXPECT_EQ(Codigos(cur, Valor::Lista{1}).size(), 3u);
 }
 

@@ -32,8 +32,7 @@ class Modulos : public ComEsquema {
         for (Chama(reg(), modulo, f, "OPEN"); c().Status == "00"; Chama(reg(), modulo, f, "NEXT"))
             r.push_back(reg().*campo);
         EXPECT_EQ(c().Status, "23") << c().Msg;
-        Chama(reg(), modulo, f, "CLOSE");
-        EXPECT_EQ(c().Status, "00");
+        EXPECT_EQ(Chama(reg(), modulo, f, "CLOSE"), "00");
         return r;
     }
     // Items of a grouping from 'inicio' on for a price type, as the callers loop.
@@ -78,8 +77,7 @@ TEST_P(Modulos, Fupd005ComCodigoNovoNoRegistroEAntigoNaChaveMoveTodasAsLinhas) {
     ag.Observacao = "Nova";
     ag.Tipo = 2;
     ChaveMTBMATAG() = {.Empresa = 1, .Codigo = "VELHO"};
-    Chama(ag, MTBMATAG, "FUPD005", "EXECUTE");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Chama(ag, MTBMATAG, "FUPD005", "EXECUTE"), "00") << c().Msg;
     Chama(ag, MTBMATAG, "FUPD005", "COMMIT");
     EXPECT_EQ(Conta("TBMATAG WHERE Codigo = 'VELHO'"), 0);
     EXPECT_EQ(Conta("TBMATAG WHERE Codigo = 'NOVO' AND STTR = 1 AND TIPO = 2 AND Nome = 'Nome novo' AND "
@@ -104,8 +102,7 @@ TEST_P(Modulos, Fsel003EFsel024DaoOsItensDoMaiorParaOMenor) {
     ChaveMTBPECIT() = {.Empresa = 1, .NumPed = 3, .CodFor = 101, .Item = 999999999};
     EXPECT_EQ(Le(A_MTBPECIT, MTBPECIT, "FSEL003", &A_MTBPECIT_t::Item), (std::vector<int32_t>{20, 10}));
     ChaveMTBDOCIT() = {.Empresa = 1, .Seq = 4};
-    Chama(A_MTBDOCIT(), MTBDOCIT, "FSEL024", "OPEN");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Chama(A_MTBDOCIT(), MTBDOCIT, "FSEL024", "OPEN"), "00") << c().Msg;
     EXPECT_EQ(A_MTBDOCIT().Item, 3);
 }
 
@@ -119,8 +116,7 @@ TEST_P(Modulos, Fsel063EFsel011LevamAsColunasDeCadaTabelaAoSeuRegistro) {
     A_MTBMAT().QtdItAtu = 123;
     A_MTBMAT().DscItem = "antes";
     ChaveEquivMTBMAT() = {.EMPRESA = 1, .CODEQUIV = "E1", .TIPO = 2};
-    Chama(A_MTBMAT(), MTBMAT, "FSEL063", "REQUERY");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Chama(A_MTBMAT(), MTBMAT, "FSEL063", "REQUERY"), "00") << c().Msg;
     EXPECT_EQ(Apara(A_MTBMATEQ().DscItem), "Equivalência E1");
     EXPECT_EQ(Apara(A_MTBMAT().DscItem), "antes") << "T2.DSCITEM is the equivalence's";
     // QtdItAtu is not in the select list.
@@ -131,8 +127,7 @@ TEST_P(Modulos, Fsel063EFsel011LevamAsColunasDeCadaTabelaAoSeuRegistro) {
     A_MTBMAT().PrcItem = 99;
     A_MTBMATEQ().FatorConvGer = 7;
     ChaveMTBMATEQ() = {.Empresa = 1, .Tipo = 1, .CodEquiv = "E1"};
-    Chama(A_MTBMATEQ(), MTBMATEQ, "FSEL011", "REQUERY");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Chama(A_MTBMATEQ(), MTBMATEQ, "FSEL011", "REQUERY"), "00") << c().Msg;
     EXPECT_EQ(Apara(A_MTBMAT().CCusto), "LOJA");
     // Only CCusto comes from the product; column 36 is not read by FSEL011.
     EXPECT_EQ(std::make_tuple(A_MTBMAT().PrcItem, A_MTBMATEQ().Valor, A_MTBMATEQ().FatorConvGer),

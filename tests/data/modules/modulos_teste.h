@@ -43,11 +43,14 @@ class ComEsquema : public SobreOsDoisBancos {
     ConectorGravador* gravador = nullptr;
 };
 
-// Sets Funcao and Transacao of a module record and calls the module.
-template <class R> void Chama(R& registro, void (*modulo)(), const char* funcao, const char* transacao) {
+// Sets Funcao and Transacao of a module record and calls the module; gives
+// back the call's status.
+template <class R>
+std::string Chama(R& registro, void (*modulo)(), const char* funcao, const char* transacao) {
     registro.Funcao = funcao;
     registro.Transacao = transacao;
     modulo();
+    return ComunicaAtual().Status;
 }
 
 } // namespace ztolvan::teste

@@ -17,9 +17,9 @@ class PadraoModulo : public ComEsquema {
         db->Direto("INSERT INTO TBPAR (Empresa, RazSocial, UF, PerPis, CritPrcVenda) VALUES (" +
                    std::to_string(emp) + ", '" + razao + "', 'SP', 1.65, 2)");
     }
-    void LePar(int16_t emp) {
+    std::string LePar(int16_t emp) {
         ChaveMTBPAR().Empresa = emp;
-        Chama(A_MTBPAR(), MTBPAR, "FSEL001", "REQUERY");
+        return Chama(A_MTBPAR(), MTBPAR, "FSEL001", "REQUERY");
     }
 };
 
@@ -27,13 +27,10 @@ class PadraoModulo : public ComEsquema {
 TEST_P(PadraoModulo, PreparaNoPrimeiroUsoEReusaOCursorAteSeremZeradosESemLinhaDa23) {
     Empresa(1, "Mercado Um");
     Empresa(2, "Mercado Dois");
-    LePar(1);
-    ASSERT_EQ(c().Status, "00") << c().Msg;
-    LePar(2);
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(LePar(1), "00") << c().Msg;
+    ASSERT_EQ(LePar(2), "00") << c().Msg;
     EXPECT_EQ(Apara(A_MTBPAR().RazSocial), "Mercado Dois");
-    LePar(7);
-    EXPECT_EQ(c().Status, "23");
+    EXPECT_EQ(LePar(7), "23");
     EXPECT_EQ(std::make_tuple(A_MTBPAR().Empresa, Apara(A_MTBPAR().RazSocial), A_MTBPAR().PerPis),
               std::make_tuple(int16_t{2}, "Mercado Dois", 1.65));
     EXPECT_NE(CursoresDoModulo("MTBPAR")[0], 0);
@@ -95,8 +92,7 @@ TEST_P(PadraoModulo, FuncaoOuPalavraDesconhecidaMostraAMensagemDoModulo) {
 TEST_P(PadraoModulo, TextoNaLarguraDoCampoAoLerEAoEnviarECommitERollbackPorQualquerModulo) {
     const std::string razao = "Comércio de Açúcar e Café São João Ltda - ME!"; // 45 characters
     Empresa(3, razao);
-    LePar(3);
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(LePar(3), "00") << c().Msg;
     EXPECT_EQ(A_MTBPAR().RazSocial.str(), Esquerda(razao, 40));
     EXPECT_EQ(Largura(A_MTBPAR().NomeFant), 40u) << "an empty column reads as 40 blanks";
     gravador->chamadas.clear();
@@ -106,14 +102,11 @@ TEST_P(PadraoModulo, TextoNaLarguraDoCampoAoLerEAoEnviarECommitERollbackPorQualq
     it.CodMat = "AB";
     it.DscMat = std::string(30, 'x') + std::string(90, 'y'); // 120 characters: kept 100
     it.UndMat = "UNIDADE";
-    Chama(it, MTBPEVIT, "FINS001", "EXECUTE");
-    ASSERT_EQ(c().Status, "00") << c().Msg;
-    Chama(A_MTBPAR(), MTBPAR, "QUALQUER", " COMMIT ");
-    EXPECT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Chama(it, MTBPEVIT, "FINS001", "EXECUTE"), "00") << c().Msg;
+    EXPECT_EQ(Chama(A_MTBPAR(), MTBPAR, "QUALQUER", " COMMIT "), "00") << c().Msg;
     it.NumPed = 6;
     Chama(it, MTBPEVIT, "FINS001", "EXECUTE");
-    Chama(A_MTBMATAG(), MTBMATAG, "FSEL999", "ROLLBACK");
-    EXPECT_EQ(c().Status, "00") << c().Msg;
+    EXPECT_EQ(Chama(A_MTBMATAG(), MTBMATAG, "FSEL999", "ROLLBACK"), "00") << c().Msg;
     EXPECT_TRUE(Mostradas().empty());
     EXPECT_EQ(Palavras(), (std::vector<std::string>{"PREPARE", "EXECUTE", "COMMIT", "EXECUTE", "ROLLBACK"}));
     EXPECT_EQ(gravador->chamadas[2].Cursor, 0);
@@ -136,10 +129,8 @@ TEST_P(LinhaQueNaoCabe, Da99NomeiaAColunaNaoMexeNoRegistroEOModuloContinua) {
     const std::pair<int16_t, std::vector<std::string>> casos[] = {{5, {"A_MTBPAR", "CritPrcVenda", "40000"}},
                                                                   {6, {"A_MTBPAR", "PerPis", "abc"}}};
     for (const auto& [emp, trechos] : casos) {
-        LePar(1);
-        ASSERT_EQ(c().Status, "00") << c().Msg;
-        LePar(emp);
-        EXPECT_EQ(c().Status, "99");
+        ASSERT_EQ(LePar(1), "00") << c().Msg;
+        EXPECT_EQ(LePar(emp), "99");
         for (const auto& t : trechos)
             EXPECT_NE(c().Msg.find(t), std::string::npos) << c().Msg;
         // Columns before the bad one are not moved either.
