@@ -20,10 +20,12 @@ class AbreConexaoTeste : public ::testing::Test {
         armazem = std::make_shared<ArmazemMemoria>();
         PortasAtuais().armazem = armazem;
     }
-    void Abre(std::string servidor, std::string banco, int16_t silencioso = 0) {
+    // Opens the thread's connection; gives back its status.
+    std::string Abre(std::string servidor, std::string banco, int16_t silencioso = 0) {
         usuario = "veltra";
         senha = "tolquemarin";
         AbreConexao(servidor, banco, usuario, senha, silencioso);
+        return c().Status;
     }
     Comunica& c() { return ComunicaAtual(); }
 
@@ -36,8 +38,7 @@ TEST_F(AbreConexaoTeste, AccessEmQualquerCaixaEComBrancosEscolheOArquivo) {
     EXPECT_TRUE(EhServidorArquivo(" access "));
     EXPECT_TRUE(EhServidorArquivo("Access"));
     EXPECT_FALSE(EhServidorArquivo("accessdb"));
-    Abre("  aCCess ", db->Banco());
-    ASSERT_EQ(c().Status, "00") << c().Msg;
+    ASSERT_EQ(Abre("  aCCess ", db->Banco()), "00") << c().Msg;
     EXPECT_STREQ(ConectorAtual()->Tipo(), "ACCESS");
     EXPECT_NE(c().Conexao, 0);
     ConectorBD* primeiro = ConectorAtual();
@@ -50,8 +51,7 @@ TEST_F(AbreConexaoTeste, AccessEmQualquerCaixaEComBrancosEscolheOArquivo) {
 // A missing file is shown (critical, "Veltra"); a file that is no database
 // fails quietly when asked to.
 TEST_F(AbreConexaoTeste, ArquivoQueNaoExisteOuNaoEBancoDa99) {
-    Abre("ACCESS", db->Pasta() + "/nao-existe.db");
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Abre("ACCESS", db->Pasta() + "/nao-existe.db"), "99");
     ASSERT_EQ(db->mensagens->Mostradas().size(), 1u);
     const auto& m = db->mensagens->Mostradas()[0];
     EXPECT_EQ(std::tie(m.Titulo, m.Tipo, m.Texto), std::make_tuple("Veltra", 16, "99 - " + c().Msg));
@@ -59,23 +59,20 @@ TEST_F(AbreConexaoTeste, ArquivoQueNaoExisteOuNaoEBancoDa99) {
     EXPECT_EQ(c().Status, "99") << "later calls fail with the connector's own status";
     db->mensagens->Limpa();
     std::ofstream(db->Pasta() + "/lixo.db") << "isto não é um banco de dados, é só texto qualquer";
-    Abre("ACCESS", db->Pasta() + "/lixo.db", 1);
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Abre("ACCESS", db->Pasta() + "/lixo.db", 1), "99");
     EXPECT_FALSE(c().Msg.empty());
     EXPECT_TRUE(db->mensagens->Mostradas().empty()) << "quiet: nothing shown";
 }
 
 TEST_F(AbreConexaoTeste, SemConfiguracaoServidorEBancoVemDoArmazemOuSaoInvalidos) {
-    Abre("", "");
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Abre("", ""), "99");
     EXPECT_EQ(c().Msg, "Entrada do Servidor Inválida");
     armazem->valores["servidor"] = "ACCESS";
     Abre("", "  ");
     EXPECT_EQ(c().Msg, "Entrada do Banco Inválida");
     EXPECT_EQ(ConectorAtual(), nullptr) << "no connector is made for invalid entries";
     armazem->valores["Banco"] = db->Banco();
-    Abre("", "");
-    EXPECT_EQ(c().Status, "00") << c().Msg;
+    EXPECT_EQ(Abre("", ""), "00") << c().Msg;
     EXPECT_EQ(usuario, "veltra") << "user and password stay the caller's";
 }
 
@@ -99,8 +96,7 @@ TEST_F(AbreConexaoTeste, ServidorInalcancavelOuSemConexaoTudoDa99) {
     ExecutaComunica();
     EXPECT_EQ(c().Status, "99");
     FechaConexao();
-    Abre("127.0.0.1:1", "nenhum", 1);
-    EXPECT_EQ(c().Status, "99");
+    EXPECT_EQ(Abre("127.0.0.1:1", "nenhum", 1), "99");
     EXPECT_FALSE(c().Msg.empty());
     EXPECT_STREQ(ConectorAtual()->Tipo(), "SERVIDOR");
 }
