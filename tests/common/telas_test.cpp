@@ -27,13 +27,10 @@ TEST_F(Telas, NoTopoEventosEBipeVaoPelaPortaDaThread) {
     EXPECT_FALSE(MantemNoTopo(nullptr, true)) << "no screen: nothing asked";
     DoEvents();
     Beep();
-    ASSERT_EQ(telas->chamadas.size(), 4u);
-    EXPECT_EQ(telas->chamadas[0].Operacao, "NoTopo");
-    EXPECT_EQ(telas->chamadas[0].Tela, &tela);
-    EXPECT_TRUE(telas->chamadas[0].Ligar);
-    EXPECT_FALSE(telas->chamadas[1].Ligar);
-    EXPECT_EQ(telas->chamadas[2].Operacao, "Eventos");
-    EXPECT_EQ(telas->chamadas[3].Operacao, "Bipe");
+    std::vector<std::string> vistas; // operation, "@" for this screen, "+" for on
+    for (const auto& ch : telas->chamadas)
+        vistas.push_back(ch.Operacao + (ch.Tela == &tela ? "@" : "") + (ch.Ligar ? "+" : ""));
+    EXPECT_EQ(vistas, (std::vector<std::string>{"NoTopo@+", "NoTopo@", "Eventos", "Bipe"}));
     telas->aceitaNoTopo = false;
     EXPECT_FALSE(MantemNoTopo(&tela, true));
     PortasAtuais().telas = nullptr;
