@@ -118,7 +118,7 @@ TEST_P(ZProcessaTeste, TipoDePrecoPelasRegras) {
     EXPECT_EQ(SessaoAtual().CodFor, 4501) << "origin C reads the supplier";
 }
 
-TEST_P(ZProcessaTeste, EmpresaOrigemECustoPrecoEmpresaOrigem) {
+TEST_P(ZProcessaTeste, EmpresaOrigemCustoPrecoEmpresaOrigemEEmpresaQueNaoExiste) {
     Chamada c;
     c.empresa = 2;
     c.Faz(*componente);
@@ -130,13 +130,8 @@ TEST_P(ZProcessaTeste, EmpresaOrigemECustoPrecoEmpresaOrigem) {
     c.Faz(*componente);
     // NAO: costs and prices of the session's own company.
     EXPECT_EQ(std::tie(s.EmpresaOrigem, s.EmpresaConsulta, s.EmpresaPreco), std::make_tuple(1, 1, 2));
-}
-
-TEST_P(ZProcessaTeste, EmpresaQueNaoExisteNaoEAvisadaEZeraOsPercentuais) {
-    Chamada c;
-    c.Faz(*componente);
     ASSERT_NE(A_MTBPAR().PerPis, 0.0) << "the demo company has PIS";
-    c.empresa = 99;
+    c.empresa = 99; // a company that does not exist: not shown, percentages zeroed
     c.Faz(*componente);
     EXPECT_EQ(std::make_tuple(A_MTBPAR().PerPis, A_MTBPAR().PerCusFixo), std::make_tuple(0.0, 0.0));
     EXPECT_TRUE(Mostradas().empty());
