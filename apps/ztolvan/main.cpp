@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "common/conversao.h"
+#include "componente/componente.h"
 #include "common/mensagens.h"
 #include "common/portas.h"
 #include "common/texto.h"
@@ -184,6 +185,8 @@ Valor ListaDeDados(const std::string& texto) {
 
 int Processa(const Conexao& c, const ArgumentosProcessa& a) {
     PortasAtuais().mensagens = std::make_shared<MensagensDoTerminal>(Normaliza(a.resposta) != "NAO");
+    // --opcao 1 opens the real screens when a display can be reached.
+    InstalaComponente();
     c.Fixa();
     consultalista componente;
     if (ComunicaAtual().Status != status::Ok) return SaidaBanco;

@@ -1,9 +1,6 @@
 #include "screens/instala.h"
 
-#include <memory>
-
-#include "common/mensagens.h"
-#include "entry/telas_componente.h"
+#include "screens/auxiliary/tolvanf07.h"
 #include "screens/consultation/tolvanf01.h"
 
 namespace ztolvan {
@@ -16,15 +13,15 @@ class TelasDoComponente : public TelasComponente {
         MostraModal(tela);
     }
     void MostraPrecos() override {
-        MostraMensagem("A consulta de preços (TolvanF07) ainda não está disponível.", msg::Informacao,
-                       "AVISO");
+        TolvanF07 tela;
+        MostraModal(tela);
     }
 };
 
 } // namespace
 
-void InstalaTelas() {
-    DefineFabricaTelas([] { return std::make_unique<TelasDoComponente>(); });
-}
+std::unique_ptr<TelasComponente> CriaTelasDoComponente() { return std::make_unique<TelasDoComponente>(); }
+
+void InstalaTelas() { DefineFabricaTelas(CriaTelasDoComponente); }
 
 } // namespace ztolvan

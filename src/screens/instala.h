@@ -1,11 +1,16 @@
 #pragma once
+#include <memory>
+
+#include "entry/telas_componente.h"
 
 namespace ztolvan {
 
-// Makes ZProcessa's screen option show the real screens (TolvanF01; the
-// price consultation once it exists) through the thread's window system.
-// A window system must be installed first (PortaJanelas in the screens
-// port), else the screens would close as soon as they open.
+// The real screens for ZProcessa's screen option: the grouping consultation
+// (TolvanF01) and the price consultation (TolvanF07), shown through the
+// thread's window system.
+std::unique_ptr<TelasComponente> CriaTelasDoComponente();
+// Installs them for every thread, whatever its window system (tests drive
+// them with the display-free one).
 void InstalaTelas();
 
 } // namespace ztolvan

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace ztolvan {
+
+// Puts the component together, once per process: generation, the quotation
+// print and grouping maintenance behind the consultation screen's commands,
+// and ZProcessa's screen option on real windows. The windows come up on the
+// first call that asks for a screen, and only when a display can be reached
+// and ZTOLVAN_SEM_TELAS is not set; otherwise the option keeps saying the
+// screen is not available here. Never throws.
+void InstalaComponente();
+
+} // namespace ztolvan
