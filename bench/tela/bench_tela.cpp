@@ -19,6 +19,11 @@
 #include "medida.h"
 #include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
+#ifdef ZTOLVAN_BENCH_QT
+#include <QApplication>
+
+#include "ui/qt/visao_tela.h"
+#endif
 
 using namespace ztolvan;
 using namespace ztolvan::bench;
@@ -104,7 +109,15 @@ const char* Listagem = "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.No
 
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
+#ifdef ZTOLVAN_BENCH_QT
+    // The view is measured offscreen: the same widgets, no display needed.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication app(argc, argv);
+#else
+    (void)argc;
+    (void)argv;
+#endif
     try {
         SqliteBench base;
         if (!AbreComponente("ACCESS", base.Arquivo())) throw std::runtime_error(ComunicaAtual().Msg);
@@ -159,6 +172,29 @@ int main() {
         });
         Linha("tela-itens", carga, pisoCarga);
         tela.Unload();
+#ifdef ZTOLVAN_BENCH_QT
+        // The same operator actions with the Qt view showing the screen.
+        const double inicioQt = Ms([&] {
+            tela.Carrega();
+            VisaoTela v(tela);
+            v.show();
+            QCoreApplication::processEvents();
+            tela.Unload();
+        });
+        Linha("tela-inicio-qt", inicioQt, pisoInicio);
+        tela.Carrega();
+        VisaoTela visao(tela);
+        visao.show();
+        QCoreApplication::processEvents();
+        const double cargaQt = Ms([&] {
+            tela.MSFGAgrupamento.DefineRow(linhaGrande);
+            tela.sbPesquisaProdutos();
+            visao.Sincroniza();
+            QCoreApplication::processEvents();
+        });
+        Linha("tela-itens-qt", cargaQt, pisoCarga);
+        tela.Unload();
+#endif
         FechaConexao();
         return 0;
     } catch (const std::exception& e) {
