@@ -2,6 +2,8 @@
 // codes, the JSON answer, and what reached the database.
 #include <gtest/gtest.h>
 
+#include "apoio/linha_de_comando.h"
+
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -12,37 +14,14 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 
-struct Saida {
-    int codigo = -1;
-    std::string texto;
-};
+using namespace ztolvan::teste;
 
-Saida Roda(const std::string& args) {
-    Saida s;
-    const std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + " 2>/dev/null";
-    FILE* p = popen(cmd.c_str(), "r");
-    std::array<char, 4096> buf{};
-    while (p && fgets(buf.data(), buf.size(), p))
-        s.texto += buf.data();
-    const int st = p ? pclose(p) : -1;
-    s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return s;
-}
+Saida Roda(const std::string& args) { return RodaLinhaDeComando(args, false); }
 
-class Gerar : public ::testing::Test {
+class Gerar : public ComBancoDemo {
   protected:
-    void SetUp() override {
-        pasta = fs::temp_directory_path() / ("ztolvan-gerar-" + std::to_string(getpid()) + "-" +
-                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(pasta);
-        banco = (pasta / "demo.db").string();
-        setenv("ZTOLVAN_LOG_DIR", pasta.c_str(), 1);
-        ASSERT_EQ(Roda("init --db " + banco).codigo, 0);
-        ASSERT_EQ(Roda("seed --db " + banco).codigo, 0);
-    }
-    void TearDown() override { fs::remove_all(pasta); }
+    void SetUp() override { Prepara("ztolvan-gerar-", false); }
 
     nlohmann::json Gera(const std::string& args, int esperado) {
         Saida s = Roda("gerar --db " + banco + " --empresa 1 --json " + args);
@@ -64,9 +43,6 @@ class Gerar : public ::testing::Test {
         const size_t fim = s.texto.find("NEXT:");
         return s.texto.substr(ini, fim - ini);
     }
-
-    fs::path pasta;
-    std::string banco;
 };
 
 const std::string Venda = "--origem V --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP --agrupamento CESTA01 ";

@@ -10,45 +10,19 @@
 #include <string>
 #include <unistd.h>
 
+#include "apoio/linha_de_comando.h"
 #include "ztolvan/ztolvan.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 
-struct Saida {
-    int codigo = -1;
-    std::string texto;
-};
+using namespace ztolvan::teste;
 
-Saida Roda(const std::string& args) {
-    Saida s;
-    std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + " 2>&1";
-    FILE* p = popen(cmd.c_str(), "r");
-    std::array<char, 4096> buf{};
-    while (p && fgets(buf.data(), buf.size(), p))
-        s.texto += buf.data();
-    int st = p ? pclose(p) : -1;
-    s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return s;
-}
+Saida Roda(const std::string& args) { return RodaLinhaDeComando(args, true); }
 
-class Host : public ::testing::Test {
+class Host : public ComBancoDemo {
   protected:
-    void SetUp() override {
-        pasta = fs::temp_directory_path() / ("ztolvan-host-" + std::to_string(getpid()) + "-" +
-                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(pasta);
-        banco = (pasta / "demo.db").string();
-        setenv("ZTOLVAN_LOG_DIR", pasta.c_str(), 1);
-        Saida i = Roda("init --db " + banco);
-        ASSERT_EQ(i.codigo, 0) << i.texto;
-        Saida s = Roda("seed --db " + banco);
-        ASSERT_EQ(s.codigo, 0) << s.texto;
-    }
-    void TearDown() override { fs::remove_all(pasta); }
-    fs::path pasta;
-    std::string banco;
+    void SetUp() override { Prepara("ztolvan-host-", true); }
 };
 
 // As text and as JSON, with the session; a database that cannot be opened
