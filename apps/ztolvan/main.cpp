@@ -1,6 +1,7 @@
 // ztolvan: the host command line. It stands in for the suite's host screens:
 // creates and seeds databases, calls ZProcessa with any of its arguments and
-// generates documents without a display, through the same screen model.
+// generates documents and prints quotations without a display, through the
+// same screen model.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <iostream>
@@ -19,6 +20,7 @@
 #include "data/schema/esquema.h"
 #include "data/sqlite/conector_sqlite.h"
 #include "entry/sessao.h"
+#include "generation/cotacao/cotacao.h"
 #include "generation/geracao.h"
 #include "saida.h"
 #include "screens/auxiliary/tolvanf03.h"
@@ -37,6 +39,7 @@ constexpr int SaidaBanco = 2;
 constexpr int SaidaInterna = 3;
 constexpr int SaidaNadaGerado = 4;
 constexpr int SaidaLinhaInvalida = 5;
+constexpr int SaidaNaoImpresso = 6;
 
 struct Conexao {
     std::string db, servidor, banco, usuario, senhaBanco;
@@ -233,25 +236,36 @@ bool LinhasDaLista(const std::string& lista, int linhas, std::vector<int>& r, st
 // What the operator does on the consultation screen: find the grouping by
 // code, mark, change quantities, answer the multiplier and generate. False
 // with the reason when a row given on the command line is not in the grid.
-bool OperaConsulta(TolvanF01& f, JanelasModelo& janelas, const ArgumentosGera& a, std::string& erro) {
+// The grouping found by code, as the operator searches it: its item rows.
+int BuscaAgrupamento(TolvanF01& f, const std::string& codigo) {
     f.cboPesquisa.Seleciona(1); // "Código"
     f.txtPesquisa.Text.clear();
-    f.txtPesquisa.Digita(a.agrupamento);
+    f.txtPesquisa.Digita(codigo);
     f.bttPesquisa_Click();
-    const int linhas = f.GCon1.Rows() - 1;
-    if (Normaliza(a.itens) == "TODOS") {
+    return f.GCon1.Rows() - 1;
+}
+
+// Marks "todos", "nenhum" or a list of rows; empty keeps the origin's marks.
+bool AplicaMarcas(TolvanF01& f, const std::string& itens, std::string& erro) {
+    if (Normaliza(itens) == "TODOS") {
         f.sbMarcarTodosDaTela();
-    } else if (Normaliza(a.itens) == "NENHUM") {
+    } else if (Normaliza(itens) == "NENHUM") {
         f.sbDesmarcarTodosDaTela();
-    } else if (!a.itens.empty()) {
+    } else if (!itens.empty()) {
         std::vector<int> marcar;
-        if (!LinhasDaLista(a.itens, linhas, marcar, erro)) return false;
+        if (!LinhasDaLista(itens, f.GCon1.Rows() - 1, marcar, erro)) return false;
         f.sbDesmarcarTodosDaTela();
         for (int r : marcar) {
             f.GCon1.Seleciona(r, 0);
             f.sbMarcarSelecionado();
         }
     }
+    return true;
+}
+
+bool OperaConsulta(TolvanF01& f, JanelasModelo& janelas, const ArgumentosGera& a, std::string& erro) {
+    const int linhas = BuscaAgrupamento(f, a.agrupamento);
+    if (!AplicaMarcas(f, a.itens, erro)) return false;
     for (const std::string& q : a.quantidades) {
         const size_t igual = q.find('=');
         std::vector<int> linha;
@@ -330,6 +344,72 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
     return ItensGerados().empty() ? SaidaNadaGerado : SaidaOk;
 }
 
+struct ArgumentosCotacao {
+    int empresa = 1;
+    std::string operador = "DEMO", agrupamento, itens = "todos", titulo, rodape, pdf;
+    std::optional<int> tipoPreco;
+};
+
+int MarcadasNaGrade(const Grade& g) {
+    int n = 0;
+    for (int r = 1; r < g.Rows(); ++r)
+        n += Apara(g.TextMatrix(r, TolvanF01::ColMarca)) == "*";
+    return n;
+}
+
+// The quotation without a display: ZProcessa fills the context, the
+// consultation screen's model finds the grouping and marks its items, and the
+// layout behind the screen's print command writes the PDF.
+int Cota(const Conexao& c, const ArgumentosCotacao& a) {
+    auto mensagens = std::make_shared<MensagensDoTerminal>(true);
+    auto janelas = std::make_shared<JanelasModelo>();
+    PortasAtuais().mensagens = mensagens;
+    PortasAtuais().telas = janelas;
+    const std::shared_ptr<PortaImpressora> impressora = NovaImpressoraPdf(a.pdf);
+    if (!impressora) {
+        std::fprintf(stderr, "ztolvan cotacao: this build has no PDF printer (built without Qt)\n");
+        return SaidaInterna;
+    }
+    c.Fixa();
+    consultalista componente;
+    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
+    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
+    int32_t codigo = 0, numdoc = 0;
+    std::string operador = a.operador, senha, origem, mens;
+    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
+    bool inativos = false, captura = false;
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
+                         mens, nullptr, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+
+    int saida = SaidaOk, marcadas = 0;
+    std::string erro;
+    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
+        auto& f = static_cast<TolvanF01&>(t);
+        if (BuscaAgrupamento(f, a.agrupamento) == 0) {
+            erro = "agrupamento '" + a.agrupamento + "' sem itens no tipo de preço " + SessaoAtual().TipoPreco;
+            saida = SaidaNadaGerado;
+        } else if (!AplicaMarcas(f, a.itens, erro)) {
+            saida = SaidaLinhaInvalida;
+        } else if ((marcadas = MarcadasNaGrade(f.GCon1)) == 0) {
+            erro = "nenhum item marcado";
+            saida = SaidaNadaGerado;
+        } else if (!ImprimeCotacao(*impressora, f, a.titulo, a.rodape)) {
+            erro = "a cotação não foi impressa";
+            saida = SaidaNaoImpresso;
+        }
+        f.Unload();
+    });
+    TolvanF01 tela;
+    MostraModal(tela);
+    if (saida != SaidaOk) {
+        std::fprintf(stderr, "ztolvan cotacao: %s\n", erro.c_str());
+        return saida;
+    }
+    std::printf("Cotação de %s com %d itens enviada para %s.\n", a.agrupamento.c_str(), marcadas,
+                impressora->Destino().c_str());
+    return SaidaOk;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -396,12 +476,27 @@ int main(int argc, char** argv) {
         ->capture_default_str();
     gera->add_flag("--json", g.json, "print as JSON");
 
+    ArgumentosCotacao q;
+    Conexao conexaoCota;
+    auto* cota = app.add_subcommand("cotacao", "print a grouping's quotation into a PDF file");
+    conexaoCota.Opcoes(cota);
+    cota->add_option("--empresa", q.empresa, "zEmpresa")->required();
+    cota->add_option("--operador", q.operador, "zoperador")->required();
+    cota->add_option("--agrupamento", q.agrupamento, "grouping code, searched as the operator does")
+        ->required();
+    cota->add_option("--itens", q.itens, "todos or data rows 1,3,5")->capture_default_str();
+    cota->add_option("--titulo", q.titulo, "the report's title");
+    cota->add_option("--rodape", q.rodape, "the footer message");
+    cota->add_option("--tipo-preco", q.tipoPreco, "ztipodepreco (omitted when not given)");
+    cota->add_option("--pdf", q.pdf, "the PDF file written")->required();
+
     CLI11_PARSE(app, argc, argv);
     try {
         if (*init) return Init(conexao);
         if (*seed) return Seed(conexaoSeed);
         if (*proc) return Processa(conexaoProc, a);
         if (*gera) return Gera(conexaoGera, g);
+        if (*cota) return Cota(conexaoCota, q);
         if (*consulta) return Consulta(conexaoConsulta, sql);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "ztolvan: %s\n", e.what());

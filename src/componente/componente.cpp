@@ -9,6 +9,8 @@
 #include "screens/auxiliary/tolvanf08.h"
 #include "screens/instala.h"
 #ifdef ZTOLVAN_COM_QT
+#include "ui/qt/comum_qt.h"
+#include "ui/qt/impressora_qt.h"
 #include "ui/qt/instala_qt.h"
 #endif
 
@@ -44,6 +46,18 @@ void InstalaComponente() {
         });
     } catch (...) {
     }
+}
+
+std::shared_ptr<PortaImpressora> NovaImpressoraPdf(const std::string& arquivo) {
+#ifdef ZTOLVAN_COM_QT
+    try {
+        if (InstalaImpressoraQt()) return std::make_shared<ImpressoraQt>(QString(), Q(arquivo));
+    } catch (...) {
+    }
+#else
+    (void)arquivo;
+#endif
+    return nullptr;
 }
 
 } // namespace ztolvan

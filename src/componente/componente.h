@@ -1,4 +1,8 @@
 #pragma once
+#include <memory>
+#include <string>
+
+#include "generation/cotacao/impressora.h"
 
 namespace ztolvan {
 
@@ -9,5 +13,9 @@ namespace ztolvan {
 // and ZTOLVAN_SEM_TELAS is not set; otherwise the option keeps saying the
 // screen is not available here. Never throws.
 void InstalaComponente();
+
+// A quotation job written to the PDF file 'arquivo', with no window; nullptr
+// when this build has no Qt. Never throws.
+std::shared_ptr<PortaImpressora> NovaImpressoraPdf(const std::string& arquivo);
 
 } // namespace ztolvan

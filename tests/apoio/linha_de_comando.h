@@ -17,10 +17,9 @@ struct Saida {
     std::string texto;
 };
 
-// Runs "ztolvan <args>"; stderr joins the text, or is dropped.
-inline Saida RodaLinhaDeComando(const std::string& args, bool comErros) {
+// Runs a shell command; its exit code and what it printed.
+inline Saida Executa(const std::string& cmd) {
     Saida s;
-    const std::string cmd = std::string(ZTOLVAN_CLI) + " " + args + (comErros ? " 2>&1" : " 2>/dev/null");
     FILE* p = popen(cmd.c_str(), "r");
     std::array<char, 4096> buf{};
     while (p && fgets(buf.data(), buf.size(), p))
@@ -28,6 +27,12 @@ inline Saida RodaLinhaDeComando(const std::string& args, bool comErros) {
     const int st = p ? pclose(p) : -1;
     s.codigo = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
     return s;
+}
+
+#ifdef ZTOLVAN_CLI
+// Runs "ztolvan <args>"; stderr joins the text, or is dropped.
+inline Saida RodaLinhaDeComando(const std::string& args, bool comErros) {
+    return Executa(std::string(ZTOLVAN_CLI) + " " + args + (comErros ? " 2>&1" : " 2>/dev/null"));
 }
 
 // A fresh folder with a demo database made by the command line itself.
@@ -50,5 +55,7 @@ class ComBancoDemo : public ::testing::Test {
     std::filesystem::path pasta;
     std::string banco;
 };
+
+#endif
 
 } // namespace ztolvan::teste

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoio/linha_de_comando.h"
+#include "apoio/pdf.h"
 
 #include <array>
 #include <cstdio>
@@ -119,6 +120,35 @@ TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
     EXPECT_EQ(
         Roda("gerar --db " + (pasta / "nao.db").string() + " --empresa 1 --operador DEMO " + Venda).codigo,
         2);
+}
+
+// "ztolvan cotacao": the screen's print layout into a PDF, read back page
+// by page; what cannot be quoted or printed leaves no file behind.
+TEST_F(Gerar, CotacaoEmPdfQuebraEm55ItensPorPagina) {
+    Direto(SqlAgrupamentoSessentaItens);
+    const std::string pdf = (pasta / "cotacao.pdf").string();
+    const std::string base = "cotacao --db " + banco + " --empresa 1 --operador DEMO ";
+    Saida s = Roda(base + "--agrupamento COT60 --titulo Teste --rodape 'Válida por 7 dias' --pdf " + pdf);
+    ASSERT_EQ(s.codigo, 0) << s.texto;
+    EXPECT_NE(s.texto.find("com 60 itens enviada para o arquivo " + pdf), std::string::npos) << s.texto;
+    const std::vector<std::string> paginas = PaginasDoPdf(pdf);
+    ASSERT_EQ(paginas.size(), 2u);
+    EXPECT_EQ(ItensDaPagina(paginas[0]), Sequencia(1, 55));
+    EXPECT_EQ(ItensDaPagina(paginas[1]), Sequencia(56, 60));
+    for (const std::string& p : paginas) EXPECT_NE(p.find("Cotação - Sessenta itens(Teste)"), std::string::npos);
+    EXPECT_NE(paginas[1].find("Válida por 7 dias"), std::string::npos);
+    EXPECT_EQ(paginas[0].find("Total Geral"), std::string::npos) << "the total closes the last page";
+
+    s = Roda(base + "--agrupamento CESTA01 --itens 2,4 --pdf " + pdf);
+    ASSERT_EQ(s.codigo, 0) << s.texto;
+    ASSERT_EQ(PaginasDoPdf(pdf).size(), 1u);
+    EXPECT_EQ(ItensDaPagina(PaginasDoPdf(pdf)[0]), Sequencia(1, 2));
+
+    const std::string outro = (pasta / "nao.pdf").string();
+    EXPECT_EQ(Roda(base + "--agrupamento NAOEXISTE --pdf " + outro).codigo, 4);
+    EXPECT_EQ(Roda(base + "--agrupamento CESTA01 --itens 0 --pdf " + outro).codigo, 5);
+    EXPECT_EQ(Roda(base + "--agrupamento CESTA01 --pdf " + (pasta / "sem/pasta.pdf").string()).codigo, 6);
+    EXPECT_FALSE(std::filesystem::exists(outro));
 }
 
 } // namespace

@@ -36,6 +36,9 @@ class PortaImpressora {
     // End of the document: the job goes to the printer.
     virtual bool Encerra() = 0;
     virtual void Cancela() = 0;
+    // Where an ended job went, in words for the operator ("a impressora X",
+    // "o arquivo Y"); empty when there is nothing to tell.
+    virtual std::string Destino() const { return {}; }
 };
 
 // Where quotation jobs go: one new printer per job from the process-wide

@@ -68,9 +68,13 @@ void TolvanF04::bok_Click() {
         linha = 10;
         bok.Enabled = false;
         impressora_ = NovaImpressora();
-        if (impressora_)
-            ImprimeCotacao(*impressora_, consulta_, TxTitulo.Text, TxRodape.Text);
-        else
+        if (impressora_) {
+            // The operator learns where the pages went (a PDF has no paper to look for).
+            if (ImprimeCotacao(*impressora_, consulta_, TxTitulo.Text, TxRodape.Text) &&
+                !impressora_->Destino().empty())
+                MostraMensagem("Cotação enviada para " + impressora_->Destino() + ".", msg::Informacao,
+                               "Impressão");
+        } else
             MostraMensagem("Verifique a Impressora !!! ", msg::Exclamacao, "Impressão");
         impressora_.reset();
         linha = 20;

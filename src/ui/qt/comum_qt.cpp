@@ -12,20 +12,25 @@
 
 namespace ztolvan {
 
-QFont FonteQt(const Fonte& f) {
+QString GemeaMetrica(std::string_view nome) {
     static const std::array<std::pair<const char*, const char*>, 4> gemeas = {{
         {"MS SANS SERIF", "Liberation Sans"},
         {"ARIAL", "Liberation Sans"},
         {"COURIER NEW", "Liberation Mono"},
         {"TIMES NEW ROMAN", "Liberation Serif"},
     }};
+    const std::string n = Normaliza(nome);
+    for (const auto& [antiga, gemea] : gemeas)
+        if (n == antiga) return QString::fromLatin1(gemea);
+    return {};
+}
+
+QFont FonteQt(const Fonte& f) {
     QFont q;
     QStringList familias{Q(f.Nome)};
-    const std::string nome = Normaliza(f.Nome);
-    for (const auto& [antiga, gemea] : gemeas)
-        if (nome == antiga) familias << QString::fromLatin1(gemea);
+    if (const QString gemea = GemeaMetrica(f.Nome); !gemea.isEmpty()) familias << gemea;
     q.setFamilies(familias);
-    if (nome.find("COURIER") != std::string::npos) q.setStyleHint(QFont::TypeWriter);
+    if (Normaliza(f.Nome).find("COURIER") != std::string::npos) q.setStyleHint(QFont::TypeWriter);
     q.setPointSizeF(f.Tamanho > 0 ? f.Tamanho : 8);
     q.setBold(f.Negrito);
     return q;

@@ -17,6 +17,9 @@ inline std::string S(const QString& s) { return s.toUtf8().toStdString(); }
 
 inline QColor CorQt(Cor c) { return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF); }
 
+// The Linux face with the same widths as one of the old system's faces
+// ("Courier New" -> "Liberation Mono"); empty for any other name.
+QString GemeaMetrica(std::string_view nome);
 // The model's font; the old system's faces that Linux lacks go to their
 // metric twins, so captions laid out in twips still fit.
 QFont FonteQt(const Fonte& f);

@@ -1,6 +1,7 @@
 #include "ui/qt/instala_qt.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
 #include <cstdlib>
@@ -11,7 +12,9 @@
 #include "common/portas.h"
 #include "data/seguranca/seguranca_banco.h"
 #include "ui/qt/autorizacao_qt.h"
+#include "generation/cotacao/impressora.h"
 #include "ui/qt/comum_qt.h"
+#include "ui/qt/impressora_qt.h"
 #include "ui/qt/janelas_qt.h"
 #include "ui/qt/mensagens_qt.h"
 
@@ -87,10 +90,27 @@ Portas PortasQt(bool naTela) {
 
 } // namespace
 
+bool InstalaImpressoraQt() {
+    try {
+        if (!QCoreApplication::instance()) {
+            static int argc = 3;
+            static char nome[] = "ztolvan", opcao[] = "-platform", plataforma[] = "offscreen";
+            static char* argv[] = {nome, opcao, plataforma, nullptr};
+            new QGuiApplication(argc, argv); // lives as long as the process
+        }
+        if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return false;
+        DefineFabricaImpressora(NovaImpressoraQt);
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
 bool InstalaQt() {
     try {
         if (!HaTela() || !GaranteAplicacao()) return false;
         DefineFabricaPortas([] { return PortasQt(NaThreadDaTela()); });
+        DefineFabricaImpressora(NovaImpressoraQt);
         // This thread may have filled its ports already.
         if (NaThreadDaTela()) {
             Portas q = PortasQt(true);

@@ -1,0 +1,89 @@
+// The quotation as the operator prints it: F4 on the consultation screen, the
+// title dialog in its Qt window (offscreen), and the pages of the PDF the Qt
+// printer wrote.
+#include <QTimer>
+#include <filesystem>
+#include <unistd.h>
+
+#include "apoio/banco_teste.h"
+#include "apoio/pdf.h"
+#include "data/schema/esquema.h"
+#include "entry/sessao.h"
+#include "generation/cotacao/cotacao.h"
+#include "generation/cotacao/tolvanf04.h"
+#include "qt/apoio_qt.h"
+#include "screens/consultation/tolvanf01.h"
+
+using namespace ztolvan;
+using namespace ztolvan::teste;
+
+namespace {
+
+class ImpressaoQt : public TelaQt {
+  protected:
+    void SetUp() override {
+        TelaQt::SetUp();
+        ASSERT_TRUE(db.Pronto() && db.Conecta());
+        std::string m;
+        ASSERT_TRUE(SemeiaDemo(m)) << m;
+        db.Direto(SqlAgrupamentoSessentaItens);
+        Sessao& s = SessaoAtual();
+        s.Empresa = s.EmpresaConsulta = 1;
+        s.TipoPreco = "1";
+        s.Origem = s.OrigemTrim = "V"; // every row comes marked
+        InstalaCotacao();
+        pdf = (std::filesystem::temp_directory_path() / ("ztolvan-f4-" + std::to_string(getpid()) + ".pdf"))
+                  .string();
+        setenv("ZTOLVAN_IMPRESSORA", pdf.c_str(), 1);
+    }
+    void TearDown() override {
+        unsetenv("ZTOLVAN_IMPRESSORA");
+        std::filesystem::remove(pdf);
+        TelaQt::TearDown();
+    }
+    BancoTeste db{Kind::Sqlite};
+    std::string pdf;
+};
+
+TEST_F(ImpressaoQt, F4DaConsultaImprimeSessentaItensEmDuasPaginas) {
+    TolvanF01 f;
+    auto v = Abre(f);
+    f.cboPesquisa.Seleciona(1);
+    f.txtPesquisa.Text = "COT60";
+    f.bttPesquisa_Click();
+    v->Sincroniza();
+    ASSERT_EQ(f.GCon1.Rows(), 61);
+
+    // Once the title dialog has the keyboard: a title, Enter to the footer,
+    // a footer, and its print button.
+    bool preenchida = false;
+    QTimer espera;
+    QObject::connect(&espera, &QTimer::timeout, [&] {
+        auto* d = dynamic_cast<VisaoTela*>(QApplication::activeModalWidget());
+        if (!d || d == v.get() || !d->isAncestorOf(QApplication::focusWidget())) return;
+        espera.stop();
+        auto& t = static_cast<TolvanF04&>(d->ModeloTela());
+        Digita("Teste");
+        Tecla(Qt::Key_Return);
+        preenchida = QApplication::focusWidget() == d->WidgetDe(&t.TxRodape);
+        Digita("Obrigado e volte sempre");
+        QTest::mouseClick(d->WidgetDe(&t.bok), Qt::LeftButton);
+    });
+    espera.start(20);
+    mensagens->Responde(msg::RespostaSim);
+    Tecla(Qt::Key_F4);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !espera.isActive(); }, 5000));
+    EXPECT_TRUE(preenchida) << "Enter moves from the title to the footer";
+
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
+    EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Deseja imprimir a Cotação?");
+    EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Cotação enviada para o arquivo " + pdf + ".");
+    const std::vector<std::string> paginas = PaginasDoPdf(pdf);
+    ASSERT_EQ(paginas.size(), 2u);
+    EXPECT_EQ(ItensDaPagina(paginas[0]), Sequencia(1, 55));
+    EXPECT_EQ(ItensDaPagina(paginas[1]), Sequencia(56, 60));
+    EXPECT_NE(paginas[0].find("Cotação - Sessenta itens(Teste)"), std::string::npos) << paginas[0];
+    EXPECT_NE(paginas[1].find("Obrigado e volte sempre"), std::string::npos);
+}
+
+} // namespace
