@@ -99,6 +99,10 @@ class CaixaTexto : public Controle {
     char PromptChar = '_';
     int MaxLength = 0; // 0: no limit
     bool Locked = false;
+    // Several lines, broken by "\r\n" as the old text box kept them (a break
+    // counts two towards MaxLength). Enter breaks a line unless the screen
+    // takes it; Tab still moves on.
+    bool MultiLine = false;
 
     // Text typed or pasted by the operator: the mask keeps what fits and the
     // length limit cuts; the caret goes to the end and Change runs.

@@ -67,6 +67,7 @@ TolvanF08::TolvanF08(Grade& agrupamentos, const Grade* itens)
     Label2.Caption = "Tipo";
     TxNome.MaxLength = 100;
     txtObservacao.MaxLength = 300;
+    txtObservacao.MultiLine = true;
     bttIncluir.Caption = "&Gravar";
     BtListaItem.Caption = "&Itens";
     bttLimpar.Caption = "&Limpar";

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QTextCursor>
 #include <QToolButton>
 #include <algorithm>
 
@@ -68,6 +69,91 @@ void MolduraQt::paintEvent(QPaintEvent*) {
     p.fillRect(texto, palette().color(QPalette::Window));
     p.setPen(palette().color(QPalette::WindowText));
     p.drawText(texto, Qt::AlignCenter, titulo_);
+}
+
+namespace {
+
+// Length as the model counts it: a line break is "\r\n".
+qsizetype LarguraModelo(const QString& t) { return t.size() + t.count(QLatin1Char('\n')); }
+
+} // namespace
+
+CaixaMultiLinhaQt::CaixaMultiLinhaQt(QWidget* pai) : QPlainTextEdit(pai) {
+    // Tab moves on, as in every other field; a tab character has no place in a record.
+    setTabChangesFocus(true);
+    setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (!mostrando_) Editado();
+    });
+}
+
+void CaixaMultiLinhaQt::Mostra(std::string_view texto, int maximo, bool travada) {
+    maximo_ = maximo;
+    if (isReadOnly() != travada) setReadOnly(travada);
+    QString t = Q(texto);
+    t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    t.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (toPlainText() == t) return;
+    mostrando_ = true;
+    setPlainText(t);
+    mostrando_ = false;
+}
+
+std::string CaixaMultiLinhaQt::Texto() const {
+    QString t = toPlainText();
+    t.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+    return S(t);
+}
+
+int CaixaMultiLinhaQt::Cursor() const {
+    const int p = textCursor().position();
+    return static_cast<int>(LarguraModelo(toPlainText().left(p)));
+}
+
+int CaixaMultiLinhaQt::PosicaoTela(int posicaoModelo) const {
+    const QString t = toPlainText();
+    // A position inside a break stands before it.
+    int i = 0;
+    for (int m = 0; i < t.size(); ++i) {
+        m += t[i] == QLatin1Char('\n') ? 2 : 1;
+        if (m > posicaoModelo) break;
+    }
+    return i;
+}
+
+void CaixaMultiLinhaQt::Seleciona(int inicio, int tamanho) {
+    QTextCursor c = textCursor();
+    c.setPosition(PosicaoTela(inicio));
+    if (tamanho > 0) c.setPosition(PosicaoTela(inicio + tamanho), QTextCursor::KeepAnchor);
+    setTextCursor(c);
+}
+
+// What goes past the limit is what was just typed or pasted, right before
+// the caret (as a one-line field refuses it); anything still over, from the end.
+void CaixaMultiLinhaQt::Editado() {
+    if (maximo_ > 0) {
+        const QString t = toPlainText();
+        qsizetype excesso = LarguraModelo(t) - maximo_;
+        if (excesso > 0) {
+            QTextCursor c = textCursor();
+            const int fim = c.position();
+            int inicio = fim;
+            for (; excesso > 0 && inicio > 0; --inicio)
+                excesso -= t[inicio - 1] == QLatin1Char('\n') ? 2 : 1;
+            mostrando_ = true;
+            c.setPosition(inicio);
+            c.setPosition(fim, QTextCursor::KeepAnchor);
+            c.removeSelectedText();
+            if (excesso > 0) {
+                c.setPosition(PosicaoTela(maximo_));
+                c.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+                c.removeSelectedText();
+            }
+            mostrando_ = false;
+        }
+    }
+    if (aoEditar) aoEditar();
 }
 
 BarraTituloQt::BarraTituloQt(QWidget* pai)

@@ -1,7 +1,10 @@
 #pragma once
 #include <QFrame>
+#include <QPlainTextEdit>
 #include <QWidget>
 #include <functional>
+#include <string>
+#include <string_view>
 
 #include "screens/controles.h"
 
@@ -40,6 +43,29 @@ class MolduraQt : public QWidget {
 
   private:
     QString titulo_;
+};
+
+// A text field of several lines. The model keeps the old text box's "\r\n"
+// breaks and counts a break as two; the widget holds plain "\n". Positions
+// and the length limit are given and taken in the model's terms.
+class CaixaMultiLinhaQt : public QPlainTextEdit {
+  public:
+    explicit CaixaMultiLinhaQt(QWidget* pai);
+    // Shows the text unless it is already there (the caret stays put);
+    // 'maximo' 0 is no limit.
+    void Mostra(std::string_view texto, int maximo, bool travada);
+    std::string Texto() const;
+    int Cursor() const;
+    void Seleciona(int inicio, int tamanho);
+    // The operator changed the text, already cut to the limit.
+    std::function<void()> aoEditar;
+
+  private:
+    void Editado();
+    int PosicaoTela(int posicaoModelo) const;
+
+    int maximo_ = 0;
+    bool mostrando_ = false;
 };
 
 // The suite's title bar: the caption with company and operator, and, when

@@ -139,10 +139,25 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
         break;
     }
     case TipoControle::CaixaTexto: {
-        auto* e = new QLineEdit(this);
         auto* cx = static_cast<CaixaTexto*>(pc);
         i.selInicio = cx->SelStart;
         i.selTamanho = cx->SelLength;
+        if (cx->MultiLine) {
+            auto* m = new CaixaMultiLinhaQt(this);
+            m->aoEditar = [this, cx, m] {
+                Encaminha("Change", [&] {
+                    const std::string t = m->Texto();
+                    cx->Digita(t);
+                    if (cx->Text == t) {
+                        cx->SelStart = m->Cursor();
+                        cx->SelLength = 0;
+                    }
+                });
+            };
+            i.widget = m;
+            break;
+        }
+        auto* e = new QLineEdit(this);
         connect(e, &QLineEdit::textEdited, this, [this, cx, e](const QString& t) {
             Encaminha("Change", [&] {
                 cx->Digita(S(t));
@@ -358,22 +373,29 @@ void VisaoTela::SincronizaItem(Item& i) {
     }
     case TipoControle::CaixaTexto: {
         auto& cx = static_cast<const CaixaTexto&>(c);
-        auto* e = static_cast<QLineEdit*>(w);
-        const QString mostrado = Q(cx.TextoExibido(e->hasFocus()));
-        if (e->text() != mostrado) e->setText(mostrado);
-        if (e->isReadOnly() != cx.Locked) e->setReadOnly(cx.Locked);
-        const int maximo = cx.MaxLength > 0 ? cx.MaxLength : 32767;
-        if (e->maxLength() != maximo) e->setMaxLength(maximo);
+        auto* m = dynamic_cast<CaixaMultiLinhaQt*>(w);
+        auto* e = qobject_cast<QLineEdit*>(w);
+        if (m) {
+            m->Mostra(cx.TextoExibido(m->hasFocus()), cx.MaxLength, cx.Locked);
+        } else if (e) {
+            const QString mostrado = Q(cx.TextoExibido(e->hasFocus()));
+            if (e->text() != mostrado) e->setText(mostrado);
+            if (e->isReadOnly() != cx.Locked) e->setReadOnly(cx.Locked);
+            const int maximo = cx.MaxLength > 0 ? cx.MaxLength : 32767;
+            if (e->maxLength() != maximo) e->setMaxLength(maximo);
+        }
         // A selection the model asked for shows once the field has the focus.
-        if ((cx.SelStart != i.selInicio || cx.SelLength != i.selTamanho) && e->hasFocus()) {
-            if (cx.SelLength > 0)
+        if ((cx.SelStart != i.selInicio || cx.SelLength != i.selTamanho) && w->hasFocus()) {
+            if (m)
+                m->Seleciona(cx.SelStart, cx.SelLength);
+            else if (e && cx.SelLength > 0)
                 e->setSelection(cx.SelStart, cx.SelLength);
-            else
+            else if (e)
                 e->setCursorPosition(cx.SelStart);
             i.selInicio = cx.SelStart;
             i.selTamanho = cx.SelLength;
         }
-        if (coresMudaram) Paleta(e, {{QPalette::Text, c.ForeColor}, {QPalette::Base, c.BackColor}});
+        if (coresMudaram) Paleta(w, {{QPalette::Text, c.ForeColor}, {QPalette::Base, c.BackColor}});
         break;
     }
     case TipoControle::ListaSuspensa: {
