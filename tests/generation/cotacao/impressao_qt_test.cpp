@@ -12,6 +12,7 @@
 #include "generation/cotacao/cotacao.h"
 #include "generation/cotacao/tolvanf04.h"
 #include "qt/apoio_qt.h"
+#include "ui/qt/impressora_qt.h"
 #include "screens/consultation/tolvanf01.h"
 
 using namespace ztolvan;
@@ -84,6 +85,28 @@ TEST_F(ImpressaoQt, F4DaConsultaImprimeSessentaItensEmDuasPaginas) {
     EXPECT_EQ(ItensDaPagina(paginas[1]), Sequencia(56, 60));
     EXPECT_NE(paginas[0].find("Cotação - Sessenta itens(Teste)"), std::string::npos) << paginas[0];
     EXPECT_NE(paginas[1].find("Obrigado e volte sempre"), std::string::npos);
+    // "Courier New" is not on the machine: its metric twin printed.
+    EXPECT_NE(Executa("pdffonts '" + pdf + "'").texto.find("LiberationMono"), std::string::npos);
+}
+
+// Faces the machine lacks, a file that cannot be written and a job
+// abandoned half-way, on the printer itself.
+TEST_F(ImpressaoQt, ImpressoraRecusaFonteDesconhecidaEArquivoInacessivelENaoDeixaMeioPdf) {
+    ImpressoraQt p(QString(), QString::fromStdString(pdf));
+    ASSERT_TRUE(p.Inicia("Cotação"));
+    EXPECT_TRUE(p.DefineFonte("Courier New"));
+    EXPECT_TRUE(p.DefineFonte("Liberation Serif"));
+    EXPECT_FALSE(p.DefineFonte("Draft 12cpi"));
+    EXPECT_TRUE(p.Escreve(10, "meia página"));
+    EXPECT_TRUE(p.NovaLinha());
+    p.Cancela();
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+    EXPECT_FALSE(p.Escreve(1, "depois do fim"));
+
+    ImpressoraQt semPasta(QString(), QString::fromStdString(pdf + ".d/x.pdf"));
+    EXPECT_FALSE(semPasta.Inicia("Cotação"));
+    ImpressoraQt inexistente(QStringLiteral("impressora-que-nao-existe"), QString());
+    EXPECT_FALSE(inexistente.Inicia("Cotação"));
 }
 
 } // namespace
