@@ -386,7 +386,7 @@ int Cota(const Conexao& c, const ArgumentosCotacao& a) {
     janelas->AoMostrar("TolvanF01", [&](Tela& t) {
         auto& f = static_cast<TolvanF01&>(t);
         if (BuscaAgrupamento(f, a.agrupamento) == 0) {
-            erro = "agrupamento '" + a.agrupamento + "' sem itens no tipo de preço " + SessaoAtual().TipoPreco;
+            erro = "agrupamento '" + a.agrupamento + "' não encontrado ou sem itens";
             saida = SaidaNadaGerado;
         } else if (!AplicaMarcas(f, a.itens, erro)) {
             saida = SaidaLinhaInvalida;
