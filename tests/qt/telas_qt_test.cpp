@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QStyleOption>
 #include <QTimer>
 #include <functional>
 
@@ -84,6 +85,10 @@ TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
     EXPECT_EQ(f.TxQtdGera.Text, "0");
     Tecla(Qt::Key_Return);
     ASSERT_EQ(Foco(), v->WidgetDe(&f.BTOk));
+    QStyleOption estilo;
+    estilo.initFrom(Foco());
+    EXPECT_TRUE(estilo.state & QStyle::State_KeyboardFocusChange)
+        << "the button Enter went to shows its focus";
     Tecla(Qt::Key_Return);
     EXPECT_EQ(Textos(), std::vector<std::string>{"A quantidade deve ser informada"}) << "Enter pressed OK";
     EXPECT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
@@ -100,7 +105,9 @@ TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
     EXPECT_FALSE(Troca().CodigoSelecionado.empty());
     EXPECT_EQ(S(static_cast<QLineEdit*>(v->WidgetDe(&f.TCodigo))->text()), Troca().CodigoSelecionado);
     EXPECT_FALSE(f.LNome.Caption.empty());
-    EXPECT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
+    ASSERT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
+    Digita("7");
+    EXPECT_EQ(f.TxQtdGera.Text, "7") << "entered again, the quantity is selected again";
     // F2 opens it too; leaving it with Esc brings no code back.
     QuandoAbrir("TolvanF02", [] { Tecla(Qt::Key_Escape); });
     Tecla(Qt::Key_F2);

@@ -530,6 +530,7 @@ void VisaoTela::Ativa() {
 void VisaoTela::FocaControle(Controle& c, Qt::FocusReason motivo) {
     QWidget* w = WidgetDe(&c);
     if (w && w->isEnabled() && w->isVisibleTo(this)) {
+        MarcaFoco();
         // A field the screen sends the operator to is ready to be typed over,
         // as one entered by Tab: selected once it has the focus and its text
         // (the window may get the keyboard only later).
@@ -544,7 +545,13 @@ void VisaoTela::ConfirmaFoco() {
     if (c && tela_.ActiveControl() != c) Encaminha("GotFocus", [&] { tela_.RecebeFoco(*c); });
 }
 
+// The screens are run from the keyboard and move the focus themselves (Enter
+// as Tab, SetFocus): the focus is drawn as after a Tab, which Qt shows only
+// when a real Tab key moved it.
+void VisaoTela::MarcaFoco() { setAttribute(Qt::WA_KeyboardFocusChange); }
+
 void VisaoTela::AvancaFoco() {
+    MarcaFoco();
     focusNextChild();
     ConfirmaFoco();
 }
@@ -667,6 +674,12 @@ bool VisaoTela::eventFilter(QObject* o, QEvent* e) {
         // A formatted field shows its format again. Only the field: the focus
         // is on its way elsewhere and must not be pulled back.
         if (Item* i = ItemDe(o); i && tela_.Carregada() && !sincronizando_) {
+            // The field's selection goes with the focus (not with the window's):
+            // entered again, it shows what the screen asks then, even when the
+            // screen asks the same as last time.
+            const Qt::FocusReason motivo = static_cast<QFocusEvent*>(e)->reason();
+            if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason)
+                i->selInicio = i->selTamanho = -1;
             Sincronizando guarda(sincronizando_);
             try {
                 SincronizaItem(*i);

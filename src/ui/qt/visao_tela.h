@@ -98,6 +98,7 @@ class VisaoTela : public QDialog {
     void SincronizaMenus();
     void SincronizaFoco();
     void ConfirmaFoco();
+    void MarcaFoco();
     Item* ItemDe(const QObject* o);
     bool PrimeiroReceptor(const QObject* o) const;
     bool ModeloConsome(QObject* o, const QKeyEvent& k);
