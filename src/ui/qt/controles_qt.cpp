@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QStyleOptionFrame>
 #include <QTextCursor>
 #include <QToolButton>
 #include <algorithm>
@@ -98,6 +99,30 @@ void CaixaMultiLinhaQt::Mostra(std::string_view texto, int maximo, bool travada)
     mostrando_ = true;
     setPlainText(t);
     mostrando_ = false;
+}
+
+// The frame is a one-line field's, so the focus shows on it as on every other field.
+bool CaixaMultiLinhaQt::event(QEvent* e) {
+    if (e->type() != QEvent::Paint) return QPlainTextEdit::event(e);
+    QPainter p(this);
+    QStyleOptionFrame o;
+    o.initFrom(this);
+    o.rect = frameRect();
+    o.lineWidth = frameWidth();
+    o.state |= QStyle::State_Sunken;
+    if (isReadOnly()) o.state |= QStyle::State_ReadOnly;
+    style()->drawPrimitive(QStyle::PE_FrameLineEdit, &o, &p, this);
+    return true;
+}
+
+void CaixaMultiLinhaQt::focusInEvent(QFocusEvent* e) {
+    QPlainTextEdit::focusInEvent(e);
+    update();
+}
+
+void CaixaMultiLinhaQt::focusOutEvent(QFocusEvent* e) {
+    QPlainTextEdit::focusOutEvent(e);
+    update();
 }
 
 std::string CaixaMultiLinhaQt::Texto() const {

@@ -60,6 +60,11 @@ class CaixaMultiLinhaQt : public QPlainTextEdit {
     // The operator changed the text, already cut to the limit.
     std::function<void()> aoEditar;
 
+  protected:
+    bool event(QEvent* e) override;
+    void focusInEvent(QFocusEvent* e) override;
+    void focusOutEvent(QFocusEvent* e) override;
+
   private:
     void Editado();
     int PosicaoTela(int posicaoModelo) const;
