@@ -3,7 +3,8 @@
 // typed into through the X server by xdotool, as an operator would.
 //
 //   ztolvan_qt_janelas_tests                  the checks
-//   ztolvan_qt_janelas_tests --mostra f03     one screen (f01 f02 f03 f05), left to whoever looks at it
+//   ztolvan_qt_janelas_tests --mostra f03     one screen (f01 f02 f03 f04 f05 f07 f08), left to
+//                                             whoever looks at it
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -11,19 +12,25 @@
 #include <QStandardPaths>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <iostream>
 
 #include "apoio/banco_teste.h"
 #include "common/contexto.h"
+#include "common/conversao.h"
 #include "common/portas.h"
 #include "data/schema/esquema.h"
 #include "entry/sessao.h"
+#include "generation/cotacao/tolvanf04.h"
 #include "screens/auxiliary/tolvanf02.h"
 #include "screens/auxiliary/tolvanf03.h"
 #include "screens/auxiliary/tolvanf05.h"
+#include "screens/auxiliary/tolvanf07.h"
+#include "screens/auxiliary/tolvanf08.h"
 #include "screens/consultation/tolvanf01.h"
+#include "screens/grade.h"
 #include "screens/troca.h"
 #include "ui/qt/controles_qt.h"
 #include "ui/qt/instala_qt.h"
@@ -163,38 +170,64 @@ TEST_F(JanelasReais, AgrupamentoEscolhidoComSetaEEnter) {
 
 // One dialog in a window until it closes, then what it handed back.
 int Mostra(const std::string& qual) {
+    static const std::vector<std::string> todas = {"f01", "f02", "f03", "f04", "f05", "f07", "f08"};
+    if (std::find(todas.begin(), todas.end(), qual) == todas.end()) {
+        std::cerr << "f01, f02, f03, f04, f05, f07 or f08\n";
+        return 2;
+    }
     if (!InstalaQt()) {
         std::cerr << "no display\n";
         return 2;
     }
+    // The database renews the thread's context: the session and exchange are set after it.
+    std::unique_ptr<BancoDemo> banco;
+    if (qual != "f03" && qual != "f04" && qual != "f05") banco = std::make_unique<BancoDemo>();
     Troca().QtdAlterar = 5;
     Troca().DescricaoAlterar = "AÇÚCAR CRISTAL 1KG";
     Troca().FornecedorAlterar = "Usina São João";
-    std::unique_ptr<BancoDemo> banco;
+    Sessao& s = SessaoAtual();
+    s.Empresa = s.EmpresaConsulta = 1;
+    s.Operador = "DEMO";
+    s.TipoPreco = "1";
+    s.StatusRet = 1;
+    // What a screen works on outlives it.
+    TolvanF01 consulta;
+    Grade agrupamentos;
     std::unique_ptr<Tela> t;
+    TolvanF08* manutencao = nullptr;
     if (qual == "f01") {
-        banco = std::make_unique<BancoDemo>();
-        Sessao& s = SessaoAtual();
-        s.Empresa = 1;
-        s.Operador = "DEMO";
         s.Origem = s.OrigemTrim = "V";
         s.OrigemDocumento = true;
         t = std::make_unique<TolvanF01>();
     } else if (qual == "f02") {
-        banco = std::make_unique<BancoDemo>();
         t = std::make_unique<TolvanF02>();
     } else if (qual == "f03") {
         t = std::make_unique<TolvanF03>();
+    } else if (qual == "f04") {
+        t = std::make_unique<TolvanF04>(consulta);
     } else if (qual == "f05") {
         t = std::make_unique<TolvanF05>();
+    } else if (qual == "f07") {
+        s.Origem = s.OrigemTrim = "F";
+        t = std::make_unique<TolvanF07>();
     } else {
-        std::cerr << "f01, f02, f03 or f05\n";
-        return 2;
+        // The consultation screen's grouping row, as maintenance is opened on it.
+        agrupamentos.DefineCols(3);
+        agrupamentos.DefineRows(1);
+        agrupamentos.AddItem("CESTA01\tCesta básica tradicional\tAtivo");
+        agrupamentos.Seleciona(1, 0);
+        auto f = std::make_unique<TolvanF08>(agrupamentos);
+        f->Carrega();
+        f->TxCodigo.Text = "CESTA01";
+        manutencao = f.get();
+        t = std::move(f);
     }
     MostraModal(*t);
     const VariaveisTroca& v = Troca();
     std::cout << "QtdAlterar=" << v.QtdAlterar << " AlteracaoConfirmada=" << v.AlteracaoConfirmada
-              << " QtdGera=" << v.QtdGera << " CodigoSelecionado=" << v.CodigoSelecionado << '\n';
+              << " QtdGera=" << v.QtdGera << " CodigoSelecionado=" << v.CodigoSelecionado
+              << " StatusRet=" << s.StatusRet << " DadosRetorno=" << CStr(s.DadosRetorno) << '\n';
+    if (manutencao) std::cout << "Observacao=" << manutencao->txtObservacao.Text << '\n';
     return 0;
 }
 
