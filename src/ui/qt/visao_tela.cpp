@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "common/texto.h"
 #include "screens/grade.h"
 #include "screens/relato.h"
 #include "screens/twips.h"
@@ -50,6 +51,17 @@ void Paleta(QWidget* w, std::initializer_list<std::pair<QPalette::ColorRole, Cor
     for (auto [papel, cor] : cores)
         p.setColor(papel, CorQt(cor));
     if (p != w->palette()) w->setPalette(p);
+}
+
+// What a window manager shows: the screen's own title bar when it has one
+// (some forms keep a designer's caption under it), else the form's caption.
+std::string TituloDaJanela(const Tela& t) {
+    for (const Controle* c : t.Controls())
+        if (c->Tipo() == TipoControle::BarraTitulo) {
+            const std::string& texto = static_cast<const BarraTitulo*>(c)->Caption;
+            if (!Apara(texto).empty()) return texto;
+        }
+    return t.Caption;
 }
 
 } // namespace
@@ -304,7 +316,7 @@ void VisaoTela::Reconstroi() {
 void VisaoTela::Sincroniza() {
     Sincronizando guarda(sincronizando_);
     try {
-        const QString titulo = Q(tela_.Caption);
+        const QString titulo = Q(TituloDaJanela(tela_));
         if (windowTitle() != titulo) setWindowTitle(titulo);
         if (tela_.Width > 0 && tela_.Height > 0) {
             const QSize tamanho(Px(tela_.Width), Px(tela_.Height));
