@@ -21,6 +21,8 @@
 #include "common/contexto.h"
 #include "common/conversao.h"
 #include "common/portas.h"
+#include "common/texto.h"
+#include "data/banco_dados.h"
 #include "data/schema/esquema.h"
 #include "entry/sessao.h"
 #include "generation/cotacao/tolvanf04.h"
@@ -101,7 +103,7 @@ class JanelasReais : public ::testing::Test {
 
     // Shows the screen modally; once its window is up, checks the arrangement
     // and lets xdotool press 'teclas' (X key names) through the X server.
-    void Opera(Tela& t, const char* titulo, const QStringList& teclas) {
+    void Opera(Tela& t, const char* titulo, const QStringList& teclas, int atraso = 80) {
         QProcess operador;
         QTimer inicio, vigia;
         // The screen may let events run while it loads, before its window exists.
@@ -115,7 +117,7 @@ class JanelasReais : public ::testing::Test {
             EXPECT_EQ(QProcess::execute(xdotool, {"search", "--sync", "--onlyvisible", "--name", titulo,
                                                   "windowfocus", "--sync"}),
                       0);
-            operador.start(xdotool, QStringList{"key", "--delay", "80"} + teclas);
+            operador.start(xdotool, QStringList{"key", "--delay", QString::number(atraso)} + teclas);
         });
         // Nobody is left at the keyboard if xdotool fails: the screen is closed for it.
         vigia.setSingleShot(true);
@@ -166,6 +168,62 @@ TEST_F(JanelasReais, AgrupamentoEscolhidoComSetaEEnter) {
     TolvanF02 f;
     Opera(f, "Lista de Produtos", {"Down", "Return"});
     EXPECT_EQ(Troca().CodigoSelecionado, "7");
+}
+
+// Rows of the grouping with the given price type, read back from the database.
+int LinhasComTipo(const std::string& codigo, int tipo) {
+    clsBancoDados bd;
+    bd.fcAbreBancoDadosVeltra(1);
+    ResultadoComando r = bd.fcExecutaComando(
+        1, "SELECT COUNT(*) AS N FROM TBMATAG WHERE EMPRESA = 1 AND CODIGO = '" + codigo + "' AND TIPO = " +
+               std::to_string(tipo),
+        false);
+    return r.rsDadosRetorno.Eof() ? -1 : static_cast<int>(CDbl(r.rsDadosRetorno.Fields("N").Value));
+}
+
+// The price type changed from the keyboard in a real window: refused when
+// an item has no price in it, asked, cancelled, and then applied on every
+// row. Keys go slowly enough for a button's click to land between them.
+TEST_F(JanelasReais, TipoDoAgrupamentoRecusadoPerguntadoEAplicadoPeloTeclado) {
+    BancoDemo banco;
+    ASSERT_TRUE(banco.pronto) << banco.db.Motivo();
+    auto m = std::make_shared<MensagensGravadas>();
+    PortasAtuais().mensagens = m;
+    Sessao& s = SessaoAtual();
+    s.Empresa = 1;
+    s.Origem = s.OrigemTrim = ""; // consultation: where maintenance opens
+    // The consultation screen's model, unseen, holds the grouping's rows and items.
+    TolvanF01 consulta;
+    consulta.Carrega();
+    const auto mantem = [&](const std::string& codigo, const QStringList& teclas) {
+        Grade& g = consulta.MSFGAgrupamento;
+        for (int r = 1; r < g.Rows(); ++r)
+            if (Apara(g.TextMatrix(r, 0)) == codigo) g.Seleciona(r, 0);
+        consulta.MSFGAgrupamento_Click();
+        TolvanF08 f(g, &consulta.GCon1);
+        // As the consultation screen opens it: loaded, then told the row's code.
+        f.Carrega();
+        f.TxCodigo.Text = codigo;
+        Opera(f, "Manutenção de Agrupamento", teclas, 250);
+        return f.Carregada();
+    };
+    // CESTA02 holds a product with no equivalence at all.
+    EXPECT_FALSE(mantem("CESTA02", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
+    ASSERT_EQ(m->Mostradas().size(), 1u);
+    EXPECT_EQ(m->Mostradas()[0].Texto, "Não existe Tipo 2 para todos os itens nesse agrupamento.");
+    EXPECT_EQ(LinhasComTipo("CESTA02", 1), 7);
+
+    m->Limpa();
+    m->Responde(msg::RespostaCancelar);
+    EXPECT_FALSE(mantem("LIMPEZA", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
+    EXPECT_EQ(LinhasComTipo("LIMPEZA", 1), 7) << "cancelled: nothing written";
+    m->Responde(msg::RespostaOK);
+    EXPECT_FALSE(mantem("LIMPEZA", {"Tab", "Tab", "Down", "alt+g"}));
+    ASSERT_EQ(m->Mostradas().size(), 2u);
+    for (const MensagemMostrada& q : m->Mostradas())
+        EXPECT_EQ(q.Texto, "Tipo de Preço do Agrupamento será alterado para todos os itens.");
+    EXPECT_EQ(LinhasComTipo("LIMPEZA", 2), 7);
+    EXPECT_EQ(LinhasComTipo("LIMPEZA", 1), 0);
 }
 
 // One dialog in a window until it closes, then what it handed back.
