@@ -8,7 +8,13 @@ namespace ztolvan {
 namespace {
 
 std::mutex trava;
-std::function<Portas()> fabrica;
+
+// Built on first use, so that a factory installed while a library loads
+// survives the rest of its load-time setup.
+std::function<Portas()>& Fabrica() {
+    static std::function<Portas()> f;
+    return f;
+}
 
 struct EstadoPortas {
     Portas portas;
@@ -19,7 +25,7 @@ struct EstadoPortas {
 
 void DefineFabricaPortas(std::function<Portas()> f) {
     std::lock_guard g(trava);
-    fabrica = std::move(f);
+    Fabrica() = std::move(f);
 }
 
 Portas& PortasAtuais() {
@@ -27,7 +33,7 @@ Portas& PortasAtuais() {
     if (!e.preenchidas) {
         {
             std::lock_guard g(trava);
-            if (fabrica) e.portas = fabrica();
+            if (Fabrica()) e.portas = Fabrica()();
         }
         if (!e.portas.mensagens) {
             auto m = std::make_shared<MensagensGravadas>();

@@ -9,7 +9,13 @@ namespace ztolvan {
 namespace {
 
 std::mutex trava;
-std::function<std::unique_ptr<TelasComponente>()> fabrica;
+
+// Built on first use: the library's own load-time setup installs it, and a
+// namespace-scope object could be initialised after that and wipe it.
+std::function<std::unique_ptr<TelasComponente>()>& Fabrica() {
+    static std::function<std::unique_ptr<TelasComponente>()> f;
+    return f;
+}
 
 class TelasIndisponiveis : public TelasComponente {
   public:
@@ -30,7 +36,7 @@ struct EstadoTelas {
 
 void DefineFabricaTelas(std::function<std::unique_ptr<TelasComponente>()> f) {
     std::lock_guard g(trava);
-    fabrica = std::move(f);
+    Fabrica() = std::move(f);
 }
 
 TelasComponente& TelasAtuais() {
@@ -38,7 +44,7 @@ TelasComponente& TelasAtuais() {
     if (!e.telas) {
         {
             std::lock_guard g(trava);
-            if (fabrica) e.telas = fabrica();
+            if (Fabrica()) e.telas = Fabrica()();
         }
         if (!e.telas) e.telas = std::make_unique<TelasIndisponiveis>();
     }

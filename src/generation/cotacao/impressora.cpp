@@ -8,7 +8,12 @@ namespace ztolvan {
 namespace {
 
 std::mutex trava;
-std::function<std::shared_ptr<PortaImpressora>()> fabricaImpressora;
+
+// Built on first use, as every process-wide factory installed at load time.
+std::function<std::shared_ptr<PortaImpressora>()>& FabricaImpressora() {
+    static std::function<std::shared_ptr<PortaImpressora>()> f;
+    return f;
+}
 
 std::string Numero(double v) {
     std::string s = std::to_string(v);
@@ -21,14 +26,14 @@ std::string Numero(double v) {
 
 void DefineFabricaImpressora(std::function<std::shared_ptr<PortaImpressora>()> fabrica) {
     std::lock_guard g(trava);
-    fabricaImpressora = std::move(fabrica);
+    FabricaImpressora() = std::move(fabrica);
 }
 
 std::shared_ptr<PortaImpressora> NovaImpressora() {
     std::function<std::shared_ptr<PortaImpressora>()> f;
     {
         std::lock_guard g(trava);
-        f = fabricaImpressora;
+        f = FabricaImpressora();
     }
     return f ? f() : nullptr;
 }

@@ -24,7 +24,13 @@ namespace ztolvan {
 namespace {
 
 std::mutex travaAcoes;
-AcoesConsulta acoesInstaladas;
+
+// Built on first use: the library installs the commands while it loads, and
+// a namespace-scope object could be initialised after that and wipe them.
+AcoesConsulta& AcoesInstaladas() {
+    static AcoesConsulta a;
+    return a;
+}
 
 constexpr const char* Selecione = "Selecione...";
 constexpr int LarguraTela = 13500;
@@ -60,12 +66,12 @@ int16_t DisponDe(const Valor& v) {
 
 void DefineAcoesConsulta(AcoesConsulta acoes) {
     std::lock_guard g(travaAcoes);
-    acoesInstaladas = std::move(acoes);
+    AcoesInstaladas() = std::move(acoes);
 }
 
 AcoesConsulta AcoesConsultaAtuais() {
     std::lock_guard g(travaAcoes);
-    return acoesInstaladas;
+    return AcoesInstaladas();
 }
 
 TolvanF01::TolvanF01() : Tela("TolvanF01") {
