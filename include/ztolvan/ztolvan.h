@@ -27,7 +27,8 @@ void zt_destroi(zt_consultalista* c);
 
 /* ZProcessa. Strings are UTF-8. dados/n_dados is ZDadosVendas on entry (NULL
  * when not passed); on return, for origin "F", its text goes to
- * dados_saida (cut to dados_saida_tam - 1 bytes; the full length is returned
+ * dados_saida (cut to at most dados_saida_tam - 1 bytes, on a character
+ * boundary; the full length is returned
  * in *dados_saida_len when not NULL). zstatusmens likewise. The optional
  * by-reference numbers may be NULL (omitted). Returns 0, or -1 when a
  * required pointer is NULL. */

@@ -28,6 +28,10 @@ ztolvan::Valor ParaValor(const zt_valor& v) {
 void Copia(const std::string& s, char* destino, size_t tamanho) {
     if (!destino || tamanho == 0) return;
     size_t n = std::min(s.size(), tamanho - 1);
+    // A cut text still ends on a whole character: no half of a "»" or "ã".
+    if (n < s.size())
+        while (n > 0 && (static_cast<unsigned char>(s[n]) & 0xC0) == 0x80)
+            --n;
     std::memcpy(destino, s.data(), n);
     destino[n] = '\0';
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <string>
 
 #include "apoio/linha_de_comando.h"
@@ -74,6 +75,27 @@ TEST_F(PdvJanela, LinhaDeComandoImprimeOTextoDaVendaInteiro) {
     EXPECT_EQ(s.codigo, 0);
     EXPECT_EQ(s.texto,
               "ZCodigo: 0\nZstatusret: 0\nzstatus: 0\nzstatusmens: \nZDadosVendas: " + TextoDaVenda() + "\n");
+}
+
+// A host that loads the library by path gets the window and the whole text;
+// one whose buffer is short gets it cut on a whole character, and the full
+// length.
+TEST_F(PdvJanela, HostPeloPontoDeEntradaCRecebeOTextoDaVenda) {
+    const std::string ini = (pasta / "conexao.ini").string();
+    std::ofstream(ini) << "Servidor=ACCESS\nBanco=" << banco << "\n";
+    setenv("ZTOLVAN_CONFIG", ini.c_str(), 1);
+    const std::string texto = TextoDaVenda();
+    Saida s = Opera(HOST_PDV);
+    EXPECT_EQ(s.codigo, 0);
+    EXPECT_EQ(s.texto, "ZDadosVendas: " + texto + "\nZstatusret: 0\n");
+
+    // One byte short of the first line's closing "»".
+    const size_t fim = texto.find("\u00BB");
+    s = Opera(std::string(HOST_PDV) + " " + LIBZTOLVAN + " " + std::to_string(fim + 2));
+    unsetenv("ZTOLVAN_CONFIG");
+    EXPECT_EQ(s.codigo, 0);
+    EXPECT_EQ(s.texto, "ZDadosVendas: " + texto.substr(0, fim) + "\nZstatusret: 0\nTamanho: " +
+                           std::to_string(texto.size()) + "\n");
 }
 
 } // namespace
