@@ -160,6 +160,7 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
                 Encaminha("Change", [&] {
                     const std::string t = m->Texto();
                     cx->Digita(t);
+                    if (Largura(cx->Text) < Largura(t)) QApplication::beep();
                     if (cx->Text == t) {
                         cx->SelStart = m->Cursor();
                         cx->SelLength = 0;
@@ -172,7 +173,11 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
         auto* e = new QLineEdit(this);
         connect(e, &QLineEdit::textEdited, this, [this, cx, e](const QString& t) {
             Encaminha("Change", [&] {
-                cx->Digita(S(t));
+                const std::string digitado = S(t);
+                cx->Digita(digitado);
+                // A character the field refused (a comma in a digits-only mask, one past
+                // the maximum) sounds, as on the old masked box, instead of vanishing quietly.
+                if (Largura(cx->Text) < Largura(digitado)) QApplication::beep();
                 // The caret stays where the operator left it when the text kept its shape.
                 if (cx->Text == S(e->text())) {
                     cx->SelStart = e->cursorPosition();
