@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <string>
+#include <cerrno>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "common/portas.h"
 #include "data/seguranca/seguranca_banco.h"
@@ -93,6 +95,12 @@ Portas PortasQt(bool naTela) {
 bool InstalaImpressoraQt() {
     try {
         if (!QCoreApplication::instance()) {
+            // Without a session's runtime folder Qt warns on every run of
+            // the command line; a private one of this user's stands in.
+            if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+                const std::string pasta = "/tmp/ztolvan-runtime-" + std::to_string(getuid());
+                if (mkdir(pasta.c_str(), 0700) == 0 || errno == EEXIST) setenv("XDG_RUNTIME_DIR", pasta.c_str(), 0);
+            }
             static int argc = 3;
             static char nome[] = "ztolvan", opcao[] = "-platform", plataforma[] = "offscreen";
             static char* argv[] = {nome, opcao, plataforma, nullptr};
