@@ -205,6 +205,24 @@ TEST_P(Manutencao, AtualizacaoRecusadaNaoDeixaNadaPendenteEFecha) {
     EXPECT_EQ(Linhas("CODIGO = 'HIGIENE' AND NOME = 'Kit higiene pessoal'"), 8);
 }
 
+// Without the price types the list stays empty with its own report, and a
+// save has no type to write: reported, nothing written.
+TEST_P(Manutencao, ListaDeTiposQueNaoCarregaDeixaAListaVaziaENaoGrava) {
+    db->Direto("DROP TABLE TBMATTP");
+    Mantem("LANCHE", [&](TolvanF08& m) {
+        EXPECT_EQ(m.TxNome.Text, "Kit lanche escolar");
+        EXPECT_TRUE(m.cbTipo.Itens.empty());
+        m.TxNome.Text = "Outro nome";
+        m.bttIncluir.Click();
+        EXPECT_TRUE(m.Carregada());
+    });
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
+    EXPECT_EQ(mensagens->Mostradas()[0].Texto.rfind("Erro na função(sbPreecheComboTipoMat) LINHA: ", 0), 0u)
+        << mensagens->Mostradas()[0].Texto;
+    EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Atenção! erro não previsto na função - bttIncluir_Click");
+    EXPECT_EQ(Linhas("CODIGO = 'LANCHE' AND NOME = 'Kit lanche escolar'"), 5);
+}
+
 ZTOLVAN_NOS_DOIS_BANCOS(Manutencao);
 
 } // namespace
