@@ -381,7 +381,12 @@ void VisaoTela::SincronizaItem(Item& i) {
     case TipoControle::Rotulo: {
         auto& r = static_cast<const Rotulo&>(c);
         auto* l = static_cast<QLabel*>(w);
-        const QString t = Q(r.Caption);
+        QString t = Q(r.Caption);
+        // A caption running past the window's edge (the support line in the
+        // strip of a narrow dialog) ends in "…" instead of a cut character.
+        const int livre = Px(tela_.Width) - x;
+        if (!r.WordWrap && livre > 0 && l->fontMetrics().horizontalAdvance(t) > livre)
+            t = l->fontMetrics().elidedText(t, Qt::ElideRight, livre);
         if (l->text() != t) l->setText(t);
         if (l->wordWrap() != r.WordWrap) l->setWordWrap(r.WordWrap);
         if (l->autoFillBackground() != r.Opaco) l->setAutoFillBackground(r.Opaco);
