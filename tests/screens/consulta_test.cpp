@@ -8,6 +8,7 @@
 #include "common/portas.h"
 #include "common/texto.h"
 #include "data/modules/modulos_teste.h"
+#include "screens/tela_teste.h"
 #include "entry/sessao.h"
 #include "screens/auxiliary/tolvanf02.h"
 #include "screens/auxiliary/tolvanf03.h"
@@ -21,13 +22,11 @@ using namespace ztolvan::teste;
 
 namespace {
 
-class Consulta : public ComEsquema {
+class Consulta : public ComDemo {
   protected:
     void SetUp() override {
-        ComEsquema::SetUp();
+        ComDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
         PortasAtuais().telas = janelas;
         gravador->chamadas.clear();
     }
@@ -339,13 +338,7 @@ TEST_P(Consulta, QuantidadeAlteradaPeloDialogoEComandosDasCamadasSeguintes) {
 
 TEST_P(Consulta, VisualizarListaLevaAoAgrupamentoEscolhido) {
     Abre("V", [&](TolvanF01& f) {
-        janelas->AoMostrar("TolvanF02", [](Tela& t) {
-            auto& l = static_cast<TolvanF02&>(t).lstProdutosAgrupados;
-            auto it = std::find_if(l.Itens.begin(), l.Itens.end(),
-                                   [](auto& n) { return n.starts_with("Kit limpeza"); });
-            l.ListIndex = static_cast<int>(it - l.Itens.begin());
-            t.Tecla(&l, tecla::Enter, 0);
-        });
+        EscolheNaLista(*janelas, "Kit limpeza");
         f.Tecla(&f.cboPesquisa, tecla::F2, 0);
         EXPECT_EQ(Codigos(f.MSFGAgrupamento), std::vector<std::string>{"LIMPEZA"});
         EXPECT_EQ(f.GCon1.Rows(), 8);

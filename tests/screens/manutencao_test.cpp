@@ -30,13 +30,11 @@ class MensagensComDetalhe : public MensagensGravadas {
     std::vector<std::string> detalhes;
 };
 
-class Manutencao : public ComEsquema {
+class Manutencao : public ComDemo {
   protected:
     void SetUp() override {
-        ComEsquema::SetUp();
+        ComDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
         PortasAtuais().telas = janelas;
         PortasAtuais().mensagens = mensagens;
         InstalaManutencao();

@@ -7,6 +7,7 @@
 #include "common/portas.h"
 #include "common/texto.h"
 #include "data/modules/modulos_teste.h"
+#include "screens/tela_teste.h"
 #include "entry/sessao.h"
 #include "screens/auxiliary/tolvanf02.h"
 #include "screens/auxiliary/tolvanf07.h"
@@ -33,13 +34,11 @@ class JanelasComTeclaPendente : public JanelasModelo {
     Tela* pendente = nullptr;
 };
 
-class Precos : public ComEsquema {
+class Precos : public ComDemo {
   protected:
     void SetUp() override {
-        ComEsquema::SetUp();
+        ComDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
         PortasAtuais().telas = janelas;
         // CESTA BASICA: two items in price type 1 (the second at half a unit)
         // and a third only in type 2, which type 1 never shows.
@@ -187,13 +186,7 @@ TEST_P(Precos, OkRecusaCodigoEQuantidadeEAgrupamentoInativoOuSemItens) {
 
 TEST_P(Precos, ListaTeclasESaidas) {
     Abre([&](TolvanF07& f) {
-        janelas->AoMostrar("TolvanF02", [](Tela& t) {
-            auto& l = static_cast<TolvanF02&>(t).lstProdutosAgrupados;
-            auto it = std::find_if(l.Itens.begin(), l.Itens.end(),
-                                   [](auto& n) { return n.starts_with("Kit limpeza"); });
-            l.ListIndex = static_cast<int>(it - l.Itens.begin());
-            t.Tecla(&l, tecla::Enter, 0);
-        });
+        EscolheNaLista(*janelas, "Kit limpeza");
         f.Tecla(&f.TCodigo, tecla::Direita, 0);
         EXPECT_EQ(f.TCodigo.Text, "LIMPEZA") << "a code with letters comes back as it is";
         EXPECT_EQ(f.LNome.Caption, "Kit limpeza da casa");

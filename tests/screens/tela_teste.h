@@ -1,10 +1,14 @@
 #pragma once
+#include <algorithm>
 #include <memory>
+#include <string>
 
 #include "common/contexto.h"
 #include "common/mensagens.h"
 #include "common/portas.h"
+#include "screens/auxiliary/tolvanf02.h"
 #include "screens/janelas.h"
+#include "screens/teclas.h"
 
 namespace ztolvan::teste {
 
@@ -19,5 +23,16 @@ struct TelasDeTeste {
     std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
     std::shared_ptr<MensagensGravadas> mensagens = std::make_shared<MensagensGravadas>();
 };
+
+// When the groupings list opens: the operator picks the first name starting
+// with 'inicio' and presses Enter.
+inline void EscolheNaLista(JanelasModelo& janelas, std::string inicio) {
+    janelas.AoMostrar("TolvanF02", [inicio](Tela& t) {
+        auto& l = static_cast<TolvanF02&>(t).lstProdutosAgrupados;
+        auto it = std::find_if(l.Itens.begin(), l.Itens.end(), [&](auto& n) { return n.starts_with(inicio); });
+        l.ListIndex = static_cast<int>(it - l.Itens.begin());
+        t.Tecla(&l, tecla::Enter, 0);
+    });
+}
 
 } // namespace ztolvan::teste

@@ -43,6 +43,17 @@ class ComEsquema : public SobreOsDoisBancos {
     ConectorGravador* gravador = nullptr;
 };
 
+// The schema with the demo data written.
+class ComDemo : public ComEsquema {
+  protected:
+    void SetUp() override {
+        ComEsquema::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
+        std::string msg;
+        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
+    }
+};
+
 // Sets Funcao and Transacao of a module record and calls the module; gives
 // back the call's status.
 template <class R>

@@ -12,13 +12,11 @@ using namespace ztolvan::teste;
 
 namespace {
 
-class DadosDemo : public ComEsquema {
+class DadosDemo : public ComDemo {
   protected:
     void SetUp() override {
-        ComEsquema::SetUp();
+        ComDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
         ASSERT_EQ(c().Status, "00");
         gravador->chamadas.clear();
     }

@@ -43,13 +43,11 @@ bool LinhaDeItem(const LinhaImpressa& l) {
 }
 bool Continuacao(const LinhaImpressa& l) { return l.trechos.size() == 1 && l.trechos[0].coluna == 22; }
 
-class Cotacoes : public ComEsquema {
+class Cotacoes : public ComDemo {
   protected:
     void SetUp() override {
-        ComEsquema::SetUp();
+        ComDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
         PortasAtuais().telas = janelas;
         DefineFabricaImpressora([this] { return impressora; });
         ParaORelogio(2024, 3, 5, 14, 7, 9);
