@@ -43,6 +43,7 @@ bool ImpressoraQt::Inicia(const std::string& documento) {
     // A fixed pitch until the caller names a face, so columns line up.
     fonte_ = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fonte_.setPointSizeF(10);
+    medidas_.reset();
     x_ = y_ = 0;
     linha_.clear();
     return true;
@@ -56,45 +57,49 @@ bool ImpressoraQt::DefineFonte(const std::string& nome) {
         if (familia.isEmpty() || !instaladas.contains(familia, Qt::CaseInsensitive)) return false;
     }
     fonte_.setFamilies({familia});
+    medidas_.reset();
     return true;
 }
 
 bool ImpressoraQt::DefineTamanho(double pontos) {
     if (pontos <= 0) return false;
     fonte_.setPointSizeF(pontos);
+    medidas_.reset();
     return true;
 }
 
 bool ImpressoraQt::DefineNegrito(bool ligado) {
     fonte_.setBold(ligado);
+    medidas_.reset();
     return true;
 }
 
 bool ImpressoraQt::DefineSublinhado(bool ligado) {
     fonte_.setUnderline(ligado);
+    medidas_.reset();
     return true;
 }
 
 bool ImpressoraQt::Escreve(int coluna, std::string_view texto) {
     if (!Aberta()) return false;
-    const QFontMetricsF m(fonte_, printer_.get());
+    const QFontMetricsF& m = Medidas();
     const QString q = Q(texto);
     const double x = coluna > 0 ? (coluna - 1) * m.averageCharWidth() : x_;
-    linha_.push_back({x, q, fonte_});
+    linha_.push_back({x, q, fonte_, m.ascent(), m.lineSpacing()});
     x_ = x + m.horizontalAdvance(q);
     return true;
 }
 
+const QFontMetricsF& ImpressoraQt::Medidas() {
+    if (!medidas_) medidas_.emplace(fonte_, printer_.get());
+    return *medidas_;
+}
+
 void ImpressoraQt::DesenhaLinha() {
-    double acima = 0, altura = 0;
-    if (linha_.empty()) {
-        const QFontMetricsF m(fonte_, printer_.get());
-        altura = m.lineSpacing();
-    }
+    double acima = 0, altura = linha_.empty() ? Medidas().lineSpacing() : 0;
     for (const Trecho& t : linha_) {
-        const QFontMetricsF m(t.fonte, printer_.get());
-        acima = std::max(acima, m.ascent());
-        altura = std::max(altura, m.lineSpacing());
+        acima = std::max(acima, t.acima);
+        altura = std::max(altura, t.altura);
     }
     if (y_ > 0 && y_ + altura > pagina_.height()) {
         printer_->newPage();

@@ -1,9 +1,11 @@
 #pragma once
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPrinter>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "generation/cotacao/impressora.h"
@@ -38,14 +40,18 @@ class ImpressoraQt : public PortaImpressora {
         double x;
         QString texto;
         QFont fonte;
+        double acima, altura; // the font's ascent and line spacing
     };
     bool Aberta() const { return painter_.isActive(); }
+    // The current font's measures on this printer, taken once per font change.
+    const QFontMetricsF& Medidas();
     void DesenhaLinha();
 
     QString impressora_, arquivoPdf_;
     std::unique_ptr<QPrinter> printer_;
     QPainter painter_;
     QFont fonte_;
+    std::optional<QFontMetricsF> medidas_;
     QRectF pagina_;
     double x_ = 0, y_ = 0;
     std::vector<Trecho> linha_;
