@@ -43,6 +43,11 @@ std::string CaixaTexto::TextoExibido(bool comFoco) const {
     }
 }
 
+void CaixaTexto::SelecionaAparado() {
+    SelStart = 0;
+    SelLength = static_cast<int>(Largura(Apara(Text)));
+}
+
 void CaixaTexto::SelecionaTudo() {
     SelStart = 0;
     SelLength = static_cast<int>(Largura(Text));

@@ -112,6 +112,9 @@ class CaixaTexto : public Controle {
     std::string TextoExibido(bool comFoco) const;
     // Selects the whole text (what a field does when entered, in most screens).
     void SelecionaTudo();
+    // Selects from the start as many characters as the trimmed text has
+    // (trailing blanks stay out), as the point-of-sale and print screens do.
+    void SelecionaAparado();
 };
 
 // Text kept as the mask allows: "9" positions take a digit or a blank, so

@@ -31,10 +31,7 @@ TolvanF04::TolvanF04(const TolvanF01& consulta) : Tela("TolvanF04"), consulta_(c
     BCancela.Caption = "&Cancelar";
 
     for (CaixaTexto* c : {&TxTitulo, &TxRodape}) {
-        c->GotFocus = [c] {
-            c->SelStart = 0;
-            c->SelLength = static_cast<int>(Largura(Apara(c->Text)));
-        };
+        c->GotFocus = [c] { c->SelecionaAparado(); };
         c->KeyDown = [this](int& KeyCode, int Shift) {
             if (KeyCode == tecla::Enter && Shift == 0) {
                 KeyCode = 0;

@@ -62,14 +62,8 @@ TolvanF07::TolvanF07() : Tela("TolvanF07") {
     bttLimpar.Caption = "Limpar Campos - F11";
     bttSair.Caption = "Sair - ESC";
 
-    TCodigo.GotFocus = [this] {
-        TCodigo.SelStart = 0;
-        TCodigo.SelLength = static_cast<int>(Largura(Apara(TCodigo.Text)));
-    };
-    TxQtdGera.GotFocus = [this] {
-        TxQtdGera.SelStart = 0;
-        TxQtdGera.SelLength = static_cast<int>(Largura(Apara(TxQtdGera.Text)));
-    };
+    TCodigo.GotFocus = [this] { TCodigo.SelecionaAparado(); };
+    TxQtdGera.GotFocus = [this] { TxQtdGera.SelecionaAparado(); };
     TCodigo.KeyDown = [this](int& KeyCode, int Shift) {
         if (Shift != 0) return;
         if (KeyCode == tecla::Enter) {
