@@ -33,7 +33,7 @@ inline std::vector<int> ItensDaPagina(const std::string& pagina) {
     return itens;
 }
 
-// Grouping COT60 of the demo company: CESTA01's products over 60 rows, row i
+// Grouping COT60 of the demo company: 000101's products over 60 rows, row i
 // with quantity i so that none collapses into another.
 inline constexpr const char* SqlAgrupamentoSessentaItens =
     "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) "
@@ -41,7 +41,7 @@ inline constexpr const char* SqlAgrupamentoSessentaItens =
     "Valor, Campo1, Campo2, STTR, CodForn, RazFornec, Observacao, Tipo) "
     "SELECT t.Empresa, 'COT60', 'Sessenta itens', n.i, t.CodItem, t.DscItem, t.CodEquiv, n.i, t.UndItem, "
     "t.QtdUnd, t.Valor, t.Campo1, t.Campo2, t.STTR, t.CodForn, t.RazFornec, t.Observacao, t.Tipo "
-    "FROM n JOIN TBMATAG t ON t.Empresa = 1 AND t.Codigo = 'CESTA01' AND t.Item = ((n.i - 1) % 13) + 1";
+    "FROM n JOIN TBMATAG t ON t.Empresa = 1 AND t.Codigo = '000101' AND t.Item = ((n.i - 1) % 13) + 1";
 
 // 1..n
 inline std::vector<int> Sequencia(int de, int ate) {

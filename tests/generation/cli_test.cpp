@@ -46,7 +46,7 @@ class Gerar : public ComBancoDemo {
     }
 };
 
-const std::string Venda = "--origem V --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP --agrupamento CESTA01 ";
+const std::string Venda = "--origem V --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP --agrupamento 000101 ";
 
 TEST_F(Gerar, VendaComLinhasQuantidadeEMultiplicador) {
     nlohmann::json j =
@@ -77,24 +77,24 @@ TEST_F(Gerar, VendaComLinhasQuantidadeEMultiplicador) {
 
 TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
     nlohmann::json j = Gera("--operador DEMO --origem C --numdoc 1 --dados-vendas 1102,101 "
-                            "--agrupamento CESTA01",
+                            "--agrupamento 000101",
                             4);
     EXPECT_EQ(j["Zstatusret"], 1);
     EXPECT_EQ(j["itens"], nlohmann::json::array());
     ASSERT_EQ(j["mensagens"].size(), 1u);
     EXPECT_EQ(j["mensagens"][0]["Texto"], "Deve-se selecionar algum Produto");
 
-    j = Gera("--operador DEMO --origem C --numdoc 1 --dados-vendas 1102,101 --agrupamento LIMPEZA "
+    j = Gera("--operador DEMO --origem C --numdoc 1 --dados-vendas 1102,101 --agrupamento 000103 "
              "--itens todos",
              0);
     EXPECT_EQ(j["itens"].size(), 7u);
     EXPECT_EQ(Consulta("SELECT COUNT(*) FROM TBPECIT WHERE NumPed = 1 AND CodFor = 101"), "7\n");
 
     j = Gera("--operador DEMO --origem D --numdoc 1 --tpmov 2 --dados-vendas 5102,1,0,SP,SP,SP,SP "
-             "--agrupamento LIMPEZA --itens nenhum",
+             "--agrupamento 000103 --itens nenhum",
              4);
     j = Gera("--operador DEMO --origem D --numdoc 1 --tpmov 2 --dados-vendas 5102,1,0,SP,SP,SP,SP "
-             "--agrupamento LIMPEZA --itens 7,1",
+             "--agrupamento 000103 --itens 7,1",
              0);
     EXPECT_EQ(j["itens"], nlohmann::json::parse("[100, 200]"));
 
@@ -104,7 +104,7 @@ TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
     ASSERT_FALSE(j["mensagens"].empty());
     EXPECT_EQ(j["mensagens"][0]["Texto"], "Agrupamento Inexistente");
     // Without the sales data ZProcessa reports its failure and no screen opens.
-    j = Gera("--operador DEMO --origem D --numdoc 1 --agrupamento LIMPEZA --itens todos", 4);
+    j = Gera("--operador DEMO --origem D --numdoc 1 --agrupamento 000103 --itens todos", 4);
     ASSERT_EQ(j["mensagens"].size(), 1u);
     EXPECT_EQ(j["mensagens"][0]["Texto"], "Atenção! erro não previsto na função - ZProcessa");
 
@@ -114,7 +114,7 @@ TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
         5);
     EXPECT_NE(Roda("gerar --db " + banco +
                    " --empresa 1 --operador DEMO --origem P --numdoc 1 "
-                   "--agrupamento CESTA01")
+                   "--agrupamento 000101")
                   .codigo,
               0);
     EXPECT_EQ(
@@ -139,15 +139,15 @@ TEST_F(Gerar, CotacaoEmPdfQuebraEm55ItensPorPagina) {
     EXPECT_NE(paginas[1].find("Válida por 7 dias"), std::string::npos);
     EXPECT_EQ(paginas[0].find("Total Geral"), std::string::npos) << "the total closes the last page";
 
-    s = Roda(base + "--agrupamento CESTA01 --itens 2,4 --pdf " + pdf);
+    s = Roda(base + "--agrupamento 000101 --itens 2,4 --pdf " + pdf);
     ASSERT_EQ(s.codigo, 0) << s.texto;
     ASSERT_EQ(PaginasDoPdf(pdf).size(), 1u);
     EXPECT_EQ(ItensDaPagina(PaginasDoPdf(pdf)[0]), Sequencia(1, 2));
 
     const std::string outro = (pasta / "nao.pdf").string();
     EXPECT_EQ(Roda(base + "--agrupamento NAOEXISTE --pdf " + outro).codigo, 4);
-    EXPECT_EQ(Roda(base + "--agrupamento CESTA01 --itens 0 --pdf " + outro).codigo, 5);
-    EXPECT_EQ(Roda(base + "--agrupamento CESTA01 --pdf " + (pasta / "sem/pasta.pdf").string()).codigo, 6);
+    EXPECT_EQ(Roda(base + "--agrupamento 000101 --itens 0 --pdf " + outro).codigo, 5);
+    EXPECT_EQ(Roda(base + "--agrupamento 000101 --pdf " + (pasta / "sem/pasta.pdf").string()).codigo, 6);
     EXPECT_FALSE(std::filesystem::exists(outro));
 }
 

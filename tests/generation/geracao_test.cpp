@@ -22,7 +22,7 @@ class Geracao : public GeracaoDemo {
     void SetUp() override {
         GeracaoDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        // Product 1001 (first item of CESTA01) with values chosen for the sums below.
+        // Product 1001 (first item of 000101) with values chosen for the sums below.
         db->Direto("UPDATE TBMAT SET PrcItem4 = 10, UltCValor = 12.5, PerComis = 0, NatOper = 102, "
                    "PercPrc2 = 7, QtdItAtu = 50, QtdItBloq = 3, CCusto = 'CC-ARROZ' "
                    "WHERE Empresa = 1 AND CodItem = '1001'");
@@ -59,7 +59,7 @@ TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
     Ajuste("Qtd Posicoes Agrupamento", "5");
     Ajuste("DESCONTO CASCATA", "sim");
     db->Direto("UPDATE TBPEV SET NatOper = 1 WHERE Empresa = 1 AND NumPed = 1");
-    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 2, Linhas({"1001", "1002"})), 0);
+    EXPECT_EQ(Gera("V", VendaRJ, "000101", 2, Linhas({"1001", "1002"})), 0);
 
     A_MTBPEVIT_t e, l;
     e.Empresa = 1;
@@ -67,7 +67,7 @@ TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
     e.Item = 10;
     e.CodMat = Arroz;
     e.CodMat2 = "1001";
-    e.DscMat = "CESTA01 / Cesta Arroz agulhinha tipo 1 5kg";
+    e.DscMat = "000101 / Cesta Arroz agulhinha tipo 1 5kg";
     e.UndMat = "PC";
     e.ValUnit = 24.9; // the grid's "R$ 24,90"
     e.QtdMat = 2;
@@ -103,7 +103,7 @@ TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
     EXPECT_TRUE(Mostradas().empty()) << Textos().front();
 
     // A second generation continues the numbering.
-    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1, Linhas({"1003"})), 0);
+    EXPECT_EQ(Gera("V", VendaRJ, "000101", 1, Linhas({"1003"})), 0);
     EXPECT_EQ(ItensGerados(), std::vector<int32_t>{30});
 }
 
@@ -113,7 +113,7 @@ TEST_P(Geracao, VendaSemEstoquePerguntaEPedeODireitoETipoDaLinhaViraPadrao) {
     db->mensagens->Responde(7); // 1002: No
     db->mensagens->Responde(6); // 1003: Yes, and the right is refused
     seguranca->resultado = seguranca::Recusado;
-    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1,
+    EXPECT_EQ(Gera("V", VendaRJ, "000101", 1,
                    [](TolvanF01& f) {
                        Linhas({"1001", "1002", "1003", "1004"})(f);
                        for (int r = 1; r < f.GCon1.Rows(); ++r)
@@ -145,7 +145,7 @@ TEST_P(Geracao, VendaSemEstoquePerguntaEPedeODireitoETipoDaLinhaViraPadrao) {
 
     // With the right, a Yes writes the item.
     seguranca->resultado = seguranca::Autorizado;
-    EXPECT_EQ(Gera("V", VendaRJ, "CESTA01", 1, Linhas({"1002"})), 0);
+    EXPECT_EQ(Gera("V", VendaRJ, "000101", 1, Linhas({"1002"})), 0);
     EXPECT_EQ(ItensGerados(), std::vector<int32_t>{30});
 }
 
@@ -153,7 +153,7 @@ TEST_P(Geracao, DocumentoPorTipoComMargemIPIEBloqueio) {
     Ajuste("BLOQUEIA ITENS", "SIM");
     const Valor dados = Valor::Lista{5102, "1", -1, "SP", "RJ", "SP", "RJ"};
     // Type 2: FLGES 2, FLGCMED 0 (FlCMES "3", blocks stock), FLGFC 1 (joined read).
-    EXPECT_EQ(Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 2), 0);
+    EXPECT_EQ(Gera("D", dados, "000101", 2, Linhas({"1001"}), 2), 0);
     A_MTBDOCIT_t e, l;
     e.Empresa = 1;
     e.Seq = 1;
@@ -195,7 +195,7 @@ TEST_P(Geracao, DocumentoPorTipoComMargemIPIEBloqueio) {
 
     // Type 1 (FLGES 1, FLGCMED 0): last purchase value, no IPI, no margin,
     // commissions left at 0, FlCMES "2" and no blocking; numbered by 100.
-    EXPECT_EQ(Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 1), 0);
+    EXPECT_EQ(Gera("D", dados, "000101", 2, Linhas({"1001"}), 1), 0);
     ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 200"));
     EXPECT_EQ(l.ValUnit, 12.5);
     EXPECT_EQ(Apara(l.ClFisIPI.str()), "");
@@ -205,13 +205,13 @@ TEST_P(Geracao, DocumentoPorTipoComMargemIPIEBloqueio) {
     EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 5);
     // CTAIR starting with 1 takes PrcItem4.
     db->Direto("UPDATE TBPNF SET CTAIR = '1.1.02' WHERE EMPRESA = 1 AND CODIGO = 1");
-    Gera("D", dados, "CESTA01", 1, Linhas({"1001"}), 1);
+    Gera("D", dados, "000101", 1, Linhas({"1001"}), 1);
     ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 300"));
     EXPECT_EQ(l.ValUnit, 10);
 
     // Back on type 2, a negative quantity lowers the block, never below 0.
-    db->Direto("UPDATE TBMATAG SET Qtd = -4 WHERE Empresa = 1 AND Codigo = 'CESTA01' AND CodItem = '1001'");
-    Gera("D", dados, "CESTA01", 2, Linhas({"1001"}), 2);
+    db->Direto("UPDATE TBMATAG SET Qtd = -4 WHERE Empresa = 1 AND Codigo = '000101' AND CodItem = '1001'");
+    Gera("D", dados, "000101", 2, Linhas({"1001"}), 2);
     EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 0);
     EXPECT_EQ(ItensGerados(), std::vector<int32_t>{400});
     EXPECT_TRUE(Mostradas().empty()) << Textos().front();
@@ -224,7 +224,7 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
         "Emb = 2, FreteEmbut = 0, Seguro = 1.5 WHERE Empresa = 1 AND CodMat = '1001' AND CodFor = 101");
     const Valor dados = Valor::Lista{1102, 101};
     // 1009 has no cost with supplier 101: generated at 0, and said so.
-    EXPECT_EQ(Gera("C", dados, "CESTA01", 2, Linhas({"1001", "1009"})), 0);
+    EXPECT_EQ(Gera("C", dados, "000101", 2, Linhas({"1001", "1009"})), 0);
     A_MTBPECIT_t e, l;
     e.Empresa = 1;
     e.NumPed = 1;
@@ -274,7 +274,7 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
     // the same number numbers its items apart.
     Ajuste("COMPRA PRCVEN", "SIM");
     db->Direto("INSERT INTO TBPEC (Empresa, NumPed, CodFor, NatOper) VALUES (1, 1, 106, 1102)");
-    EXPECT_EQ(Gera("C", Valor::Lista{1102, 106}, "CESTA01", 1, Linhas({"1001"})), 0);
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 106}, "000101", 1, Linhas({"1001"})), 0);
     ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 106 AND Item = 10"));
     EXPECT_EQ(l.ValUnit, 24.9);
     EXPECT_EQ(l.PrecoTab, 0) << "no cost record for supplier 106";
@@ -286,7 +286,7 @@ TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
     janelas->AoMostrar("TolvanF01", [](Tela& t) {
         auto& f = static_cast<TolvanF01&>(t);
         f.cboPesquisa.Seleciona(1);
-        f.txtPesquisa.Digita("CESTA01");
+        f.txtPesquisa.Digita("000101");
         f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
         f.Tecla(&f.GCon1, tecla::Letra('G'), modificador::Ctrl);
     });
@@ -300,7 +300,7 @@ TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
 
     // " v " is the sales mode on the screen (not marked at load) and V here.
     db->mensagens->Limpa();
-    EXPECT_EQ(Gera(" v ", VendaRJ, "CESTA01", 1, Linhas({"1001"})), 0);
+    EXPECT_EQ(Gera(" v ", VendaRJ, "000101", 1, Linhas({"1001"})), 0);
     EXPECT_EQ(ItensGerados(), std::vector<int32_t>{10});
 
     // "P": the multiplier is asked, nothing generated.
@@ -320,17 +320,17 @@ TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
     // Purchase origin starts unmarked: nothing marked, no multiplier dialog.
     db->mensagens->Limpa();
     const size_t modais = janelas->Conta("Modal");
-    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "CESTA01"), 1);
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "000101"), 1);
     EXPECT_EQ(Textos(), std::vector<std::string>{"Deve-se selecionar algum Produto"});
     EXPECT_EQ(janelas->Conta("Modal"), modais + 1) << "TolvanF01 only";
 }
 
 TEST_P(Geracao, ProdutoDesconhecidoIndisponivelEErroDeExecucao) {
-    // CESTA02 holds a product the stock no longer has (row 6); 1002 blocked.
+    // 000102 holds a product the stock no longer has (row 6); 1002 blocked.
     db->Direto("UPDATE TBMATEQ SET Dispon = '1' WHERE Empresa = 1 AND CodItem = '1002'");
     db->Direto("UPDATE TBMATEQ SET Dispon = '5' WHERE Empresa = 1 AND CodItem = '1003'");
     EXPECT_EQ(
-        Gera("D", VendaRJ, "CESTA02", 1, Linhas({"1001", "1002", "1003", "1005", "1006", "", "1014"}), 1), 0);
+        Gera("D", VendaRJ, "000102", 1, Linhas({"1001", "1002", "1003", "1005", "1006", "", "1014"}), 1), 0);
     const std::vector<std::string> t = Textos();
     ASSERT_EQ(t.size(), 2u);
     EXPECT_EQ(t[0],
@@ -345,7 +345,7 @@ TEST_P(Geracao, ProdutoDesconhecidoIndisponivelEErroDeExecucao) {
     // the report; the items before it stay written.
     db->mensagens->Limpa();
     db->Direto("UPDATE TBMATEQ SET SitTrib = 'X' WHERE Empresa = 1 AND CodItem = '1003'");
-    EXPECT_EQ(Gera("V", VendaRJ, "CESTA02", 1, Linhas({"1001", "1002", "1003", "1005"})), 0);
+    EXPECT_EQ(Gera("V", VendaRJ, "000102", 1, Linhas({"1001", "1002", "1003", "1005"})), 0);
     ASSERT_EQ(Mostradas().size(), 1u);
     EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - GeraVenda");
     EXPECT_EQ(Mostradas()[0].Tipo, 16);

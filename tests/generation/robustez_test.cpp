@@ -254,7 +254,7 @@ TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsu
                "PercIsen = NULL, Dispon = NULL WHERE Empresa = 1 AND CodItem = '1001'");
     db->Direto("UPDATE TBMAT SET CCusto = NULL, PerComis = NULL, NatOper = NULL, DscItem = '" + longo +
                "' WHERE Empresa = 1 AND CodItem = '1001'");
-    db->Direto("UPDATE TBMATAG SET Qtd = -3 WHERE Empresa = 1 AND Codigo = 'LANCHE' AND CodItem = '1012'");
+    db->Direto("UPDATE TBMATAG SET Qtd = -3 WHERE Empresa = 1 AND Codigo = '000108' AND CodItem = '1012'");
     db->Direto("UPDATE TBMATEQ SET SitTrib = 'x' WHERE Empresa = 1 AND CodItem = '1015'");
     db->Direto("UPDATE TBMATEQ SET SitTrib = '1', PercIsen = 1e300 WHERE Empresa = 1 AND CodItem = '1063'");
     db->Direto("UPDATE TBICM SET PERCICMS = 1e300, PERCICMSF = 1e300 WHERE EMPRESA = 1 AND CODIGO = 1");
@@ -263,7 +263,7 @@ TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsu
 
     // Store document: the two products whose taxes cannot be worked out are
     // reported by Calcula_Tributos and left out; the rest is written.
-    EXPECT_EQ(Gera("D", VendaSP, "LANCHE", 1, marcaTudo, 2), 0);
+    EXPECT_EQ(Gera("D", VendaSP, "000108", 1, marcaTudo, 2), 0);
     std::vector<std::string> t = Textos();
     EXPECT_EQ(std::count(t.begin(), t.end(), "Atenção! erro não previsto na função - Calcula_Tributos"), 2);
     EXPECT_EQ(t.size(), 2u);
@@ -275,10 +275,10 @@ TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsu
     ASSERT_TRUE(Le(d, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND CodMat2 = '1057'"));
     EXPECT_EQ(d.PercICMS, 1e300) << "an absurd rate is taken as it is";
 
-    // Sales order over CESTA01's first product: NULLs read as blanks and
+    // Sales order over 000101's first product: NULLs read as blanks and
     // zeros, the 700-character description cut to the field.
     db->mensagens->Limpa();
-    EXPECT_EQ(Gera("V", VendaSP, "CESTA01", 1,
+    EXPECT_EQ(Gera("V", VendaSP, "000101", 1,
                    [](TolvanF01& f) {
                        for (int r = 1; r < f.GCon1.Rows(); ++r)
                            f.GCon1.DefineTextMatrix(r, 0,
@@ -294,13 +294,13 @@ TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsu
     // A sales item whose tax code overflows ends the loop with the report;
     // so does one whose situation is not a number: the first of them met.
     db->mensagens->Limpa();
-    Gera("V", VendaSP, "LANCHE", 1);
+    Gera("V", VendaSP, "000108", 1);
     ASSERT_EQ(Mostradas().size(), 1u);
     EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - GeraVenda");
 
     // Purchase: a situation outside 0-4 takes no substitution and is written.
     db->mensagens->Limpa();
-    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "LANCHE", 1, marcaTudo), 0);
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 101}, "000108", 1, marcaTudo), 0);
     A_MTBPECIT_t c;
     ASSERT_TRUE(Le(c, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodMat2 = '1015'"));
     EXPECT_EQ(c.SitTrib, "x");

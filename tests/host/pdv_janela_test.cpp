@@ -21,7 +21,7 @@ std::string Fixo(const std::string& s, size_t n) {
     return s + std::string(n > k ? n - k : 0, ' ');
 }
 
-// The demo's breakfast kit (CAFEMANHA, price type 1) for 3 kits: item and
+// The demo's breakfast kit (000107, price type 1) for 3 kits: item and
 // equivalence codes in 20 characters, the kit's quantity times 3 (the half
 // kilos of cheese and ham come out as 1,5), the description in 60, the day's
 // price (jam and coffee on their running promotion, 85% to the cent).
@@ -63,7 +63,7 @@ class PdvJanela : public ComBancoDemo {
         const std::string xdo = " timeout 30 xdotool ";
         const std::string operador =
             xdo + "search --sync --onlyvisible --name 'Consulta de Preços' windowfocus --sync >/dev/null &&" +
-            xdo + "type --delay 80 CAFEMANHA &&" + xdo + "key --delay 150 Return &&" + xdo +
+            xdo + "type --delay 80 000107 &&" + xdo + "key --delay 150 Return &&" + xdo +
             "type --delay 80 3 &&" + xdo + "key --delay 150 Return alt+o";
         return Executa("timeout 90 " + programa + " & p=$!; if" + operador +
                        "; then wait $p; else kill $p; wait $p; exit 99; fi");

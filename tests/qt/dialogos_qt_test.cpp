@@ -110,7 +110,7 @@ TEST_F(DialogosQt, ListaDeAgrupamentosDevolveOCodigoOuVazio) {
             std::string("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, CodEquiv, STTR, Tipo) "
                         "SELECT Empresa, ") +
             novo +
-            ", Item, CodItem, CodEquiv, 0, Tipo FROM TBMATAG WHERE Empresa = 1 AND Codigo = 'CESTA01'");
+            ", Item, CodItem, CodEquiv, 0, Tipo FROM TBMATAG WHERE Empresa = 1 AND Codigo = '000101'");
     SessaoAtual().EmpresaConsulta = 1;
     SessaoAtual().TipoPreco = "1";
 

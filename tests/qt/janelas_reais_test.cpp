@@ -56,7 +56,7 @@ struct BancoDemo {
                             "Tipo) SELECT Empresa, ") +
                 novo +
                 ", Item, CodItem, CodEquiv, 0, Tipo FROM TBMATAG WHERE Empresa = 1 AND Codigo = "
-                "'CESTA01'");
+                "'000101'");
         SessaoAtual().EmpresaConsulta = 1;
         SessaoAtual().TipoPreco = "1";
         pronto = true;
@@ -207,23 +207,23 @@ TEST_F(JanelasReais, TipoDoAgrupamentoRecusadoPerguntadoEAplicadoPeloTeclado) {
         Opera(f, "Manutenção de Agrupamento", teclas, 250);
         return f.Carregada();
     };
-    // CESTA02 holds a product with no equivalence at all.
-    EXPECT_FALSE(mantem("CESTA02", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
+    // 000102 holds a product with no equivalence at all.
+    EXPECT_FALSE(mantem("000102", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
     ASSERT_EQ(m->Mostradas().size(), 1u);
     EXPECT_EQ(m->Mostradas()[0].Texto, "Não existe Tipo 2 para todos os itens nesse agrupamento.");
-    EXPECT_EQ(LinhasComTipo("CESTA02", 1), 7);
+    EXPECT_EQ(LinhasComTipo("000102", 1), 7);
 
     m->Limpa();
     m->Responde(msg::RespostaCancelar);
-    EXPECT_FALSE(mantem("LIMPEZA", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
-    EXPECT_EQ(LinhasComTipo("LIMPEZA", 1), 7) << "cancelled: nothing written";
+    EXPECT_FALSE(mantem("000103", {"Tab", "Tab", "Down", "alt+g", "Escape"}));
+    EXPECT_EQ(LinhasComTipo("000103", 1), 7) << "cancelled: nothing written";
     m->Responde(msg::RespostaOK);
-    EXPECT_FALSE(mantem("LIMPEZA", {"Tab", "Tab", "Down", "alt+g"}));
+    EXPECT_FALSE(mantem("000103", {"Tab", "Tab", "Down", "alt+g"}));
     ASSERT_EQ(m->Mostradas().size(), 2u);
     for (const MensagemMostrada& q : m->Mostradas())
         EXPECT_EQ(q.Texto, "Tipo de Preço do Agrupamento será alterado para todos os itens.");
-    EXPECT_EQ(LinhasComTipo("LIMPEZA", 2), 7);
-    EXPECT_EQ(LinhasComTipo("LIMPEZA", 1), 0);
+    EXPECT_EQ(LinhasComTipo("000103", 2), 7);
+    EXPECT_EQ(LinhasComTipo("000103", 1), 0);
 }
 
 // One dialog in a window until it closes, then what it handed back.
@@ -272,11 +272,11 @@ int Mostra(const std::string& qual) {
         // The consultation screen's grouping row, as maintenance is opened on it.
         agrupamentos.DefineCols(3);
         agrupamentos.DefineRows(1);
-        agrupamentos.AddItem("CESTA01\tCesta básica tradicional\tAtivo");
+        agrupamentos.AddItem("000101\tCesta básica tradicional\tAtivo");
         agrupamentos.Seleciona(1, 0);
         auto f = std::make_unique<TolvanF08>(agrupamentos);
         f->Carrega();
-        f->TxCodigo.Text = "CESTA01";
+        f->TxCodigo.Text = "000101";
         manutencao = f.get();
         t = std::move(f);
     }

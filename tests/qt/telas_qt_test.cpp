@@ -73,7 +73,7 @@ TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
 
     Tecla(Qt::Key_Return);
     EXPECT_EQ(Foco(), v->WidgetDe(&f.TCodigo)) << "no code, nothing read: Enter stays";
-    Digita("CESTA01");
+    Digita("000101");
     Tecla(Qt::Key_Return);
     ASSERT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
     EXPECT_EQ(f.ActiveControl(), &f.TxQtdGera);
@@ -127,11 +127,11 @@ TEST_F(TelasQt, ManutencaoObservacaoEmVariasLinhasTabSaiEEscFecha) {
     Grade agrupamentos;
     agrupamentos.DefineCols(3);
     agrupamentos.DefineRows(1);
-    agrupamentos.AddItem("CESTA01\tCesta básica tradicional\tAtivo");
+    agrupamentos.AddItem("000101\tCesta básica tradicional\tAtivo");
     agrupamentos.Seleciona(1, 0);
     TolvanF08 f(agrupamentos);
     f.Carrega();
-    f.TxCodigo.Text = "CESTA01";
+    f.TxCodigo.Text = "000101";
     auto v = Abre(f);
     auto* obs = qobject_cast<QPlainTextEdit*>(v->WidgetDe(&f.txtObservacao));
     ASSERT_NE(obs, nullptr);

@@ -69,8 +69,8 @@ class Consulta : public ComDemo {
 TEST_P(Consulta, ListaDeAgrupamentosAbreSemPrepararCortaNomesEDevolveOCodigo) {
     Origem("V");
     db->Direto("UPDATE TBMATAG SET NOME = '" + std::string(70, 'N') +
-               "' WHERE EMPRESA = 1 AND CODIGO = 'LANCHE'");
-    db->Direto("UPDATE TBMATAG SET CODIGO = '007' WHERE EMPRESA = 1 AND CODIGO = 'OFERTAS'");
+               "' WHERE EMPRESA = 1 AND CODIGO = '000108'");
+    db->Direto("UPDATE TBMATAG SET CODIGO = '007' WHERE EMPRESA = 1 AND CODIGO = '000111'");
     janelas->AoMostrar("TolvanF02", [](Tela& t) {
         auto& f = static_cast<TolvanF02&>(t);
         auto& l = f.lstProdutosAgrupados;
@@ -161,7 +161,7 @@ TEST_P(Consulta, InicioPorModoListaOsAgrupamentosComOsComandosDoModo) {
         EXPECT_EQ(static_cast<Rotulo*>(f.Acha("lblPainel1"))->Caption, "Tecle <ESC> para Sair");
         const auto codigos = Codigos(f.MSFGAgrupamento);
         EXPECT_EQ(codigos.size(), 11u) << "one row per code, active only";
-        EXPECT_TRUE(std::find(codigos.begin(), codigos.end(), "NATAL2023") == codigos.end());
+        EXPECT_TRUE(std::find(codigos.begin(), codigos.end(), "000112") == codigos.end());
         EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 2), "Ativo");
         EXPECT_EQ(f.GCon1.Rows(), 1) << "no items until a grouping is picked";
         EXPECT_EQ(f.GCon1.TextMatrix(0, 1), "Descrição");
@@ -178,7 +178,7 @@ TEST_P(Consulta, InicioPorModoListaOsAgrupamentosComOsComandosDoModo) {
     Abre("", [&](TolvanF01& f) {
         EXPECT_FALSE(f.mnuGeraDocumentos.Visible);
         const auto codigos = Codigos(f.MSFGAgrupamento);
-        auto natal = std::find(codigos.begin(), codigos.end(), "NATAL2023");
+        auto natal = std::find(codigos.begin(), codigos.end(), "000112");
         ASSERT_NE(natal, codigos.end());
         EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(static_cast<int>(natal - codigos.begin()) + 1, 2), "Inativo");
         f.Tecla(&f.GCon1, tecla::Letra('G'), modificador::Ctrl);
@@ -203,15 +203,15 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
         EXPECT_EQ(Mostradas()[0].Texto, "Agrupamento Inexistente");
 
         gravador->consultas.clear();
-        Busca(f, 1, "  CESTA02 ");
+        Busca(f, 1, "  000102 ");
         EXPECT_EQ(Apara(f.LNome.Caption), "Cesta básica econômica");
         ASSERT_EQ(f.MSFGAgrupamento.Rows(), 2);
-        EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 0), TextoFixo("CESTA02", 20)) << "code kept at its width";
+        EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 0), TextoFixo("000102", 20)) << "code kept at its width";
         EXPECT_EQ(f.MSFGAgrupamento.Row(), 1);
         ASSERT_EQ(gravador->consultas.size(), 2u);
         EXPECT_EQ(gravador->consultas[0],
                   "SELECT DISTINCT T1.CODIGO, T1.NOME, T1.STTR  FROM TBMATAG T1 WHERE "
-                  "T1.EMPRESA = '1' AND T1.CODIGO = 'CESTA02' AND T1.STTR = '0'");
+                  "T1.EMPRESA = '1' AND T1.CODIGO = '000102' AND T1.STTR = '0'");
         EXPECT_EQ(
             gravador->consultas[1],
             "SELECT DISTINCT ISNULL(T2.DscItem,'PRODUTO NÃO CADASTRADO PARA ESTA EMPRESA') AS DscItem ,  "
@@ -220,7 +220,7 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
             "ISNULL(T3.CODEQUIV, '') AS CODEQUIV,  ISNULL(T1.TIPO, '') AS TIPO FROM TBMATAG T1 LEFT JOIN "
             "TBMAT T2 ON (T1.EMPRESA = T2.EMPRESA AND T1.CODITEM = T2.CODITEM) LEFT JOIN TBMATEQ T3 ON "
             "(T1.EMPRESA = T3.EMPRESA AND T1.CODITEM = T3.CODITEM AND T1.CODEQUIV = T3.CODEQUIV AND "
-            "T3.TIPO = 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = 'CESTA02' AND T1.EMPRESA = '1'");
+            "T3.TIPO = 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = '000102' AND T1.EMPRESA = '1'");
         const Grade& g = f.GCon1;
         ASSERT_EQ(g.Rows(), 8);
         EXPECT_EQ(f.ActiveControl(), &f.GCon1);
@@ -255,12 +255,12 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
         Mostradas();
         db->mensagens->Limpa();
         Busca(f, 2, "BÁSICA");
-        EXPECT_EQ(Codigos(f.MSFGAgrupamento), (std::vector<std::string>{"CESTA01", "CESTA02"}))
+        EXPECT_EQ(Codigos(f.MSFGAgrupamento), (std::vector<std::string>{"000101", "000102"}))
             << "names match in any case, accents included, ordered by code";
         EXPECT_TRUE(Mostradas().empty());
     });
     Abre("C", [&](TolvanF01& f) {
-        Busca(f, 1, "CESTA01");
+        Busca(f, 1, "000101");
         ASSERT_GT(f.GCon1.Rows(), 1);
         for (int r = 1; r < f.GCon1.Rows(); ++r)
             EXPECT_EQ(f.GCon1.TextMatrix(r, 0), "") << "other origins start unmarked";
@@ -268,10 +268,10 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
 }
 
 TEST_P(Consulta, TextoDoOperadorNaoMudaOComando) {
-    db->Direto("UPDATE TBMATAG SET NOME = 'Kit d''agua' WHERE EMPRESA = 1 AND CODIGO = 'BEBIDAS'");
+    db->Direto("UPDATE TBMATAG SET NOME = 'Kit d''agua' WHERE EMPRESA = 1 AND CODIGO = '000110'");
     Abre("", [&](TolvanF01& f) {
         Busca(f, 2, "d'AGUA");
-        EXPECT_EQ(Codigos(f.MSFGAgrupamento), std::vector<std::string>{"BEBIDAS"});
+        EXPECT_EQ(Codigos(f.MSFGAgrupamento), std::vector<std::string>{"000110"});
         Busca(f, 1, "x' OR '1'='1");
         EXPECT_EQ(f.MSFGAgrupamento.Rows(), 1);
         EXPECT_EQ(f.LNome.Caption, "Inexistente");
@@ -312,7 +312,7 @@ TEST_P(Consulta, TeclasSaidasECaptura) {
 TEST_P(Consulta, QuantidadeAlteradaPeloDialogoEComandosDasCamadasSeguintes) {
     int geracoes = 0;
     Abre("D", [&](TolvanF01& f) {
-        Busca(f, 1, "CESTA01");
+        Busca(f, 1, "000101");
         f.GCon1.Seleciona(2, 1);
         janelas->AoMostrar("TolvanF03", [](Tela& t) {
             auto& d = static_cast<TolvanF03&>(t);
@@ -340,7 +340,7 @@ TEST_P(Consulta, VisualizarListaLevaAoAgrupamentoEscolhido) {
     Abre("V", [&](TolvanF01& f) {
         EscolheNaLista(*janelas, "Kit limpeza");
         f.Tecla(&f.cboPesquisa, tecla::F2, 0);
-        EXPECT_EQ(Codigos(f.MSFGAgrupamento), std::vector<std::string>{"LIMPEZA"});
+        EXPECT_EQ(Codigos(f.MSFGAgrupamento), std::vector<std::string>{"000103"});
         EXPECT_EQ(f.GCon1.Rows(), 8);
         f.Tecla(&f.GCon1, tecla::F11, 0);
         EXPECT_EQ(f.GCon1.Rows(), 1);

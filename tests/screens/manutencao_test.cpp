@@ -77,7 +77,7 @@ class Manutencao : public ComDemo {
 
 TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
     db->Direto("DELETE FROM TBMATEQ WHERE EMPRESA = 1 AND TIPO = 2 AND CODITEM = '1037'");
-    Mantem("ESCOLAR", [&](TolvanF08& m) {
+    Mantem("000104", [&](TolvanF08& m) {
         EXPECT_EQ(m.TxNome.Text, "Kit escolar ensino fundamental");
         EXPECT_EQ(m.cbTipo.Itens, (std::vector<std::string>{"1", "2", "3"}));
         EXPECT_EQ(m.cbTipo.Text(), "1");
@@ -105,19 +105,19 @@ TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
         mensagens->detalhes[0],
         "Itens sem preço neste tipo:\n7891234103700 - Lápis preto nº 2\n7891234104500 - Mochila escolar");
     EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Atenção! erro não previsto na função - bttIncluir_Click");
-    EXPECT_EQ(Linhas("CODIGO = 'ESCOLAR' AND (TIPO <> 1 OR NOME <> 'Kit escolar ensino fundamental')"), 0);
+    EXPECT_EQ(Linhas("CODIGO = '000104' AND (TIPO <> 1 OR NOME <> 'Kit escolar ensino fundamental')"), 0);
     const auto p = Palavras();
     EXPECT_EQ(std::count(p.begin(), p.end(), "EXECUTE"), 0);
     const auto& c = gravador->consultas;
     for (const char* sql :
-         {"SELECT NOME, STTR, OBSERVACAO, TIPO FROM TBMATAG WHERE CODIGO ='ESCOLAR' AND EMPRESA ='1'",
+         {"SELECT NOME, STTR, OBSERVACAO, TIPO FROM TBMATAG WHERE CODIGO ='000104' AND EMPRESA ='1'",
           "SELECT TIPO,  (SELECT COUNT(TIPO) FROM TBMATTP) AS QUANTIDADE  FROM TBMATTP ORDER BY TIPO"})
         EXPECT_EQ(std::count(c.begin(), c.end(), sql), 1) << sql;
 }
 
 TEST_P(Manutencao, TrocaDeTipoPerguntadaCanceladaEDepoisGravadaEmTodasAsLinhas) {
     Mantem(
-        "LIMPEZA",
+        "000103",
         [&](TolvanF08& m) {
             m.TxNome.Text = "Kit limpeza renovado";
             m.cbTipo.Seleciona(1);
@@ -125,7 +125,7 @@ TEST_P(Manutencao, TrocaDeTipoPerguntadaCanceladaEDepoisGravadaEmTodasAsLinhas) 
             m.bttIncluir.Click();
             EXPECT_TRUE(m.Carregada());
             EXPECT_EQ(m.cbTipo.Text(), "1");
-            EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA' AND TIPO = 2"), 0) << "cancelled: nothing written";
+            EXPECT_EQ(Linhas("CODIGO = '000103' AND TIPO = 2"), 0) << "cancelled: nothing written";
             m.cbTipo.Seleciona(1);
             mensagens->Responde(msg::RespostaOK);
             m.bttIncluir.Click();
@@ -143,8 +143,8 @@ TEST_P(Manutencao, TrocaDeTipoPerguntadaCanceladaEDepoisGravadaEmTodasAsLinhas) 
         EXPECT_EQ(m.Tipo, 1);
         EXPECT_EQ(m.Titulo, "Agrupamento");
     }
-    EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA' AND TIPO = 2 AND NOME = 'Kit limpeza renovado'"), 7);
-    EXPECT_EQ(Linhas("CODIGO = 'LIMPEZA'"), 7);
+    EXPECT_EQ(Linhas("CODIGO = '000103' AND TIPO = 2 AND NOME = 'Kit limpeza renovado'"), 7);
+    EXPECT_EQ(Linhas("CODIGO = '000103'"), 7);
     const auto p = Palavras();
     auto execute = std::find(p.begin(), p.end(), "EXECUTE");
     ASSERT_NE(execute, p.end());
@@ -158,7 +158,7 @@ TEST_P(Manutencao, InativoENomesLongosCortadosSemPerguntaQuandoOTipoNaoMuda) {
     for (int i = 0; i < 35; ++i)
         observacao += "observação";
     Mantem(
-        "CESTA01",
+        "000101",
         [&](TolvanF08& m) {
             m.CmbSituacao.Seleciona(1);
             m.TxNome.Text = nome;
@@ -171,11 +171,11 @@ TEST_P(Manutencao, InativoENomesLongosCortadosSemPerguntaQuandoOTipoNaoMuda) {
             EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 1), Esquerda(nome, 100));
         });
     EXPECT_TRUE(mensagens->Mostradas().empty()) << "the type did not change: nothing asked";
-    EXPECT_EQ(Linhas("CODIGO = 'CESTA01' AND STTR = 1"), 13);
-    EXPECT_EQ(Linhas("CODIGO = 'CESTA01'"), 13);
-    EXPECT_EQ(AparaDireita(CStr(Um("SELECT NOME FROM TBMATAG WHERE CODIGO = 'CESTA01' AND ITEM = 5"))),
+    EXPECT_EQ(Linhas("CODIGO = '000101' AND STTR = 1"), 13);
+    EXPECT_EQ(Linhas("CODIGO = '000101'"), 13);
+    EXPECT_EQ(AparaDireita(CStr(Um("SELECT NOME FROM TBMATAG WHERE CODIGO = '000101' AND ITEM = 5"))),
               Esquerda(nome, 100));
-    EXPECT_EQ(AparaDireita(CStr(Um("SELECT OBSERVACAO FROM TBMATAG WHERE CODIGO = 'CESTA01' AND ITEM = 13"))),
+    EXPECT_EQ(AparaDireita(CStr(Um("SELECT OBSERVACAO FROM TBMATAG WHERE CODIGO = '000101' AND ITEM = 13"))),
               Esquerda(observacao, 300));
 }
 
@@ -188,7 +188,7 @@ TEST_P(Manutencao, AtualizacaoRecusadaNaoDeixaNadaPendenteEFecha) {
                    "$$ BEGIN RAISE EXCEPTION 'bloqueado'; END $$");
         db->Direto("CREATE TRIGGER recusa BEFORE UPDATE ON TBMATAG FOR EACH ROW EXECUTE FUNCTION recusa()");
     }
-    Mantem("HIGIENE", [&](TolvanF08& m) {
+    Mantem("000106", [&](TolvanF08& m) {
         m.TxNome.Text = "Outro nome";
         m.bttIncluir.Click();
         EXPECT_FALSE(m.Carregada()) << "an update error closes the screen";
@@ -200,14 +200,14 @@ TEST_P(Manutencao, AtualizacaoRecusadaNaoDeixaNadaPendenteEFecha) {
     auto execute = std::find(p.begin(), p.end(), "EXECUTE");
     ASSERT_NE(execute, p.end());
     EXPECT_EQ(*(execute + 1), "ROLLBACK");
-    EXPECT_EQ(Linhas("CODIGO = 'HIGIENE' AND NOME = 'Kit higiene pessoal'"), 8);
+    EXPECT_EQ(Linhas("CODIGO = '000106' AND NOME = 'Kit higiene pessoal'"), 8);
 }
 
 // Without the price types the list stays empty with its own report, and a
 // save has no type to write: reported, nothing written.
 TEST_P(Manutencao, ListaDeTiposQueNaoCarregaDeixaAListaVaziaENaoGrava) {
     db->Direto("DROP TABLE TBMATTP");
-    Mantem("LANCHE", [&](TolvanF08& m) {
+    Mantem("000108", [&](TolvanF08& m) {
         EXPECT_EQ(m.TxNome.Text, "Kit lanche escolar");
         EXPECT_TRUE(m.cbTipo.Itens.empty());
         m.TxNome.Text = "Outro nome";
@@ -218,7 +218,7 @@ TEST_P(Manutencao, ListaDeTiposQueNaoCarregaDeixaAListaVaziaENaoGrava) {
     EXPECT_EQ(mensagens->Mostradas()[0].Texto.rfind("Erro na função(sbPreecheComboTipoMat) LINHA: ", 0), 0u)
         << mensagens->Mostradas()[0].Texto;
     EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Atenção! erro não previsto na função - bttIncluir_Click");
-    EXPECT_EQ(Linhas("CODIGO = 'LANCHE' AND NOME = 'Kit lanche escolar'"), 5);
+    EXPECT_EQ(Linhas("CODIGO = '000108' AND NOME = 'Kit lanche escolar'"), 5);
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(Manutencao);

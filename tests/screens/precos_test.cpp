@@ -157,7 +157,7 @@ TEST_P(Precos, OkRecusaCodigoEQuantidadeEAgrupamentoInativoOuSemItens) {
     db->mensagens->Limpa();
 
     Abre([&](TolvanF07& f) {
-        f.TCodigo.Digita("NATAL2023");
+        f.TCodigo.Digita("000112");
         f.Tecla(&f.TCodigo, tecla::Enter, 0);
         EXPECT_EQ(f.LNome.Caption, "Cesta de Natal 2023");
         f.BTOk.Click();
@@ -188,7 +188,7 @@ TEST_P(Precos, ListaTeclasESaidas) {
     Abre([&](TolvanF07& f) {
         EscolheNaLista(*janelas, "Kit limpeza");
         f.Tecla(&f.TCodigo, tecla::Direita, 0);
-        EXPECT_EQ(f.TCodigo.Text, "LIMPEZA") << "a code with letters comes back as it is";
+        EXPECT_EQ(f.TCodigo.Text, "000103") << "a code with letters comes back as it is";
         EXPECT_EQ(f.LNome.Caption, "Kit limpeza da casa");
         EXPECT_EQ(f.ActiveControl(), &f.TxQtdGera);
         f.TxQtdGera.Digita("4");

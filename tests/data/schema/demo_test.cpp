@@ -64,16 +64,16 @@ TEST_P(DadosDemo, DuasEmpresasEmEstadosDiferentesCadaUmaComSeusDadosEDocumentosA
 }
 
 TEST_P(DadosDemo, UmAgrupamentoInativoUmItemSemProdutoEUmSemPrecoDeAtacado) {
-    EXPECT_EQ(Texto("SELECT DISTINCT Codigo FROM TBMATAG WHERE Empresa = 1 AND STTR <> 0"), "NATAL2023");
+    EXPECT_EQ(Texto("SELECT DISTINCT Codigo FROM TBMATAG WHERE Empresa = 1 AND STTR <> 0"), "000112");
     const std::string semProduto =
         "TBMATAG T1 LEFT JOIN TBMAT T2 ON (T1.Empresa = T2.Empresa AND T1.CodItem = "
         "T2.CodItem) WHERE T2.CodItem IS NULL";
-    EXPECT_EQ(Texto("SELECT T1.Codigo FROM " + semProduto), "CESTA02");
+    EXPECT_EQ(Texto("SELECT T1.Codigo FROM " + semProduto), "000102");
     EXPECT_EQ(Conta(semProduto), 1);
-    const std::string semTipo2 = "TBMATAG T1 WHERE T1.Empresa = 1 AND T1.Codigo <> 'CESTA02' AND NOT EXISTS "
+    const std::string semTipo2 = "TBMATAG T1 WHERE T1.Empresa = 1 AND T1.Codigo <> '000102' AND NOT EXISTS "
                                  "(SELECT 1 FROM TBMATEQ T3 WHERE T3.Empresa = T1.Empresa AND T3.CodEquiv = "
                                  "T1.CodEquiv AND T3.Tipo = 2)";
-    EXPECT_EQ(Texto("SELECT T1.Codigo FROM " + semTipo2), "ESCOLAR");
+    EXPECT_EQ(Texto("SELECT T1.Codigo FROM " + semTipo2), "000104");
     EXPECT_EQ(Conta(semTipo2), 1);
 }
 

@@ -208,7 +208,7 @@ TEST_P(Cotacoes, ComandoImprimirPedeOCodigoPerguntaEImprimePeloDialogo) {
     EXPECT_EQ(f.CMensagem.Caption, "Código não informado");
     EXPECT_TRUE(Mostradas().empty());
 
-    f.txtPesquisa.Text = "CESTA01";
+    f.txtPesquisa.Text = "000101";
     db->mensagens->Responde(msg::RespostaNao);
     f.Tecla(&f.GCon1, tecla::F4, 0);
     ASSERT_EQ(Mostradas().size(), 1u);
