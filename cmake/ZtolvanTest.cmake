@@ -4,7 +4,7 @@
 function(ztolvan_add_test)
   cmake_parse_arguments(ZT "" "NAME" "SOURCES;LIBS;LABELS" ${ARGN})
   add_executable(${ZT_NAME} ${ZT_SOURCES})
-  target_link_libraries(${ZT_NAME} PRIVATE ${ZT_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
+  target_link_libraries(${ZT_NAME} PRIVATE ${ZT_LIBS} ztolvan_main_loja GTest::gtest GTest::gmock)
   target_include_directories(${ZT_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   # One variable only: test discovery drops every entry of a list after the
   # first. The gui tests choose the offscreen platform themselves.

@@ -1,6 +1,5 @@
 #include "saida.h"
 
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <utility>
@@ -58,11 +57,7 @@ std::string Texto(const Valor& v) {
         return r;
     }
     if (v.tipo() == Valor::Tipo::Logico) return v.logico() ? "true" : "false";
-    if (v.tipo() == Valor::Tipo::Duplo) {
-        char b[40];
-        std::snprintf(b, sizeof b, "%.15g", v.duplo());
-        return b;
-    }
+    if (v.tipo() == Valor::Tipo::Duplo) return EscreveNumero(v.duplo(), 15);
     return CStr(v);
 }
 

@@ -1,9 +1,8 @@
 #include "common/conversao.h"
 
 #include <cctype>
-#include <cerrno>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
@@ -12,6 +11,81 @@
 #include "common/texto.h"
 
 namespace ztolvan {
+namespace {
+
+// Whether a plain decimal text ("123.45e-6", no sign) is far from 1 upwards:
+// from_chars says only "out of range", for an overflow and an underflow alike.
+bool MagnitudeAcimaDeUm(std::string_view t) {
+    long expoente = 0;
+    size_t e = t.find_first_of("eE");
+    if (e != std::string_view::npos) {
+        std::string_view x = t.substr(e + 1);
+        if (!x.empty() && x[0] == '+') x.remove_prefix(1);
+        std::from_chars(x.data(), x.data() + x.size(), expoente);
+        t = t.substr(0, e);
+    }
+    size_t ponto = t.find('.');
+    std::string_view inteiro = t.substr(0, ponto);
+    size_t nz = inteiro.find_first_not_of('0');
+    if (nz != std::string_view::npos) return static_cast<long>(inteiro.size() - nz) - 1 + expoente > 0;
+    if (ponto == std::string_view::npos) return false;
+    std::string_view fracao = t.substr(ponto + 1);
+    size_t primeiro = fracao.find_first_not_of('0');
+    return primeiro != std::string_view::npos && -static_cast<long>(primeiro) - 1 + expoente > 0;
+}
+
+// A decimal text in the C conventions ("-12.5e3"), never through the C
+// library's locale. Overflow is run-time error 6; an underflow reads as 0.
+// 'lidos' is how many characters made the number (0 when none).
+double DecimalC(std::string_view t, size_t& lidos) {
+    lidos = 0;
+    bool negativo = false;
+    size_t i = 0;
+    if (i < t.size() && (t[i] == '+' || t[i] == '-')) negativo = t[i++] == '-';
+    // from_chars reads "inf" and "nan"; the system's numbers are digits only.
+    if (i >= t.size() || !(std::isdigit(static_cast<unsigned char>(t[i])) || t[i] == '.')) return 0.0;
+    double v = 0.0;
+    const char* ini = t.data() + i;
+    auto [fim, erro] = std::from_chars(ini, t.data() + t.size(), v, std::chars_format::general);
+    if (erro == std::errc::invalid_argument) return 0.0;
+    lidos = static_cast<size_t>(fim - t.data());
+    if (erro == std::errc::result_out_of_range) {
+        if (MagnitudeAcimaDeUm(std::string_view(ini, static_cast<size_t>(fim - ini))))
+            throw ErroExecucao::Estouro();
+        v = 0.0;
+    }
+    return negativo ? -v : v;
+}
+
+} // namespace
+
+bool LeNumero(std::string_view s, double& v) {
+    size_t b = s.find_first_not_of(" \t\r\n"), e = s.find_last_not_of(" \t\r\n");
+    if (b == std::string_view::npos) return false;
+    std::string_view t = s.substr(b, e - b + 1);
+    size_t lidos = 0;
+    double d;
+    try {
+        d = DecimalC(t, lidos);
+    } catch (const ErroExecucao&) {
+        return false;
+    }
+    if (lidos != t.size()) return false;
+    v = d;
+    return true;
+}
+
+std::string EscreveNumero(double v) {
+    char buf[64];
+    auto r = std::to_chars(buf, buf + sizeof buf, v);
+    return std::string(buf, r.ptr);
+}
+
+std::string EscreveNumero(double v, int digitos) {
+    char buf[64];
+    auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, digitos);
+    return std::string(buf, r.ptr);
+}
 
 double Val(std::string_view s) {
     std::string limpo;
@@ -42,10 +116,8 @@ double Val(std::string_view s) {
             fim = k;
         }
     }
-    std::string num = limpo.substr(0, fim);
-    double v = std::strtod(num.c_str(), nullptr);
-    if (std::isinf(v)) throw ErroExecucao::Estouro();
-    return v;
+    size_t lidos = 0;
+    return DecimalC(std::string_view(limpo).substr(0, fim), lidos);
 }
 
 namespace {
@@ -97,10 +169,8 @@ double NumeroRegionalNoInicio(std::string_view v, size_t& lidos) {
         }
     }
     lidos = i;
-    errno = 0;
-    double d = std::strtod(t.c_str(), nullptr);
-    if (std::isinf(d)) throw ErroExecucao::Estouro();
-    return d;
+    size_t usados = 0;
+    return DecimalC(t, usados);
 }
 
 std::string_view SemBrancosNasPontas(std::string_view s) {
@@ -206,9 +276,9 @@ std::string CStr(const Valor& v) {
     case Valor::Tipo::Texto:
         return v.texto();
     case Valor::Tipo::Duplo: {
-        char buf[64];
-        std::snprintf(buf, sizeof buf, "%.15G", v.duplo());
-        std::string s = buf;
+        std::string s = EscreveNumero(v.duplo(), 15);
+        for (char& c : s)
+            if (c == 'e') c = 'E';
         // "1.5E+20" style, and the regional decimal separator.
         size_t e = s.find('E');
         std::string mantissa = e == std::string::npos ? s : s.substr(0, e);

@@ -23,6 +23,17 @@ double TextoParaNumero(std::string_view s);
 // "abc" are 0. Never a type mismatch.
 double ValRegional(std::string_view s);
 
+// Numbers as databases, statements and files write them: "." for the
+// decimal point, no grouping, whatever locale the host or the toolkit set for
+// the C library. The whole text must be a number (blanks around it are
+// allowed); false otherwise, and v is left alone.
+bool LeNumero(std::string_view s, double& v);
+// The shortest text that reads back as the same double ("24.9", "1e+20").
+std::string EscreveNumero(double v);
+// At most 'digitos' significant digits, trailing zeros dropped ("%.15g" of
+// the C locale).
+std::string EscreveNumero(double v, int digitos);
+
 // Rounding to an integer with halves to even (2.5 -> 2, 3.5 -> 4).
 double ArredondaPar(double v);
 

@@ -1,7 +1,7 @@
 #include "common/formato.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -54,7 +54,8 @@ PadraoNumerico Analisa(std::string_view p) {
 // working on the 15-significant-digit decimal form so that 2.675 shows as 2.68.
 std::string Digitos(double v, int casas) {
     char buf[64];
-    std::snprintf(buf, sizeof buf, "%.14e", std::fabs(v));
+    auto fim = std::to_chars(buf, buf + sizeof buf - 1, std::fabs(v), std::chars_format::scientific, 14).ptr;
+    *fim = '\0';
     // buf = d.dddddddddddddde±XX
     std::string mant;
     mant.push_back(buf[0]);

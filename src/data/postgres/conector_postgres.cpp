@@ -6,6 +6,7 @@
 #include <deque>
 #include <memory>
 
+#include "common/conversao.h"
 #include "common/texto.h"
 #include "data/comunica.h"
 
@@ -66,8 +67,11 @@ Valor Coluna(const PGresult* r, int linha, int col) {
         return Valor(static_cast<int64_t>(std::strtoll(v, nullptr, 10)));
     case 700:  // float4
     case 701:  // float8
-    case 1700: // numeric
-        return Valor(std::strtod(v, nullptr));
+    case 1700: { // numeric
+        double d = 0.0;
+        LeNumero(v, d);
+        return Valor(d);
+    }
     default:
         return Valor(std::string(v, static_cast<size_t>(PQgetlength(r, linha, col))));
     }
@@ -77,11 +81,8 @@ std::string TextoParametro(const Valor& v) {
     switch (v.tipo()) {
     case Valor::Tipo::Inteiro:
         return std::to_string(v.inteiro());
-    case Valor::Tipo::Duplo: {
-        char buf[40];
-        std::snprintf(buf, sizeof buf, "%.17g", v.duplo());
-        return buf;
-    }
+    case Valor::Tipo::Duplo:
+        return EscreveNumero(v.duplo());
     case Valor::Tipo::Logico:
         return v.logico() ? "1" : "0";
     case Valor::Tipo::Texto:

@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "common/conversao.h"
 #include "common/texto.h"
 
 namespace ztolvan {
@@ -15,12 +16,7 @@ std::function<std::shared_ptr<PortaImpressora>()>& FabricaImpressora() {
     return f;
 }
 
-std::string Numero(double v) {
-    std::string s = std::to_string(v);
-    s.erase(s.find_last_not_of('0') + 1);
-    if (!s.empty() && s.back() == '.') s.pop_back();
-    return s;
-}
+std::string Numero(double v) { return EscreveNumero(v); }
 
 } // namespace
 
