@@ -20,6 +20,9 @@ struct VariaveisTroca {
     int16_t QtdGera = 0;
     // Groupings list (TolvanF02).
     std::string CodigoSelecionado;
+    // The same grouping's code as stored ("000101" where the list hands back
+    // "101"): what the searches that follow the list look up.
+    std::string CodigoGravado;
     int16_t CursorLista = 0;
     // Equivalence codes of the loaded items, one empty element after the last.
     std::vector<std::string> CodEquivItens;

@@ -102,8 +102,8 @@ TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
     QuandoAbrir("TolvanF02", [] { Tecla(Qt::Key_Return); });
     Tecla(Qt::Key_Right);
     ASSERT_TRUE(QTest::qWaitForWindowActive(v.get()));
-    EXPECT_FALSE(Troca().CodigoSelecionado.empty());
-    EXPECT_EQ(S(static_cast<QLineEdit*>(v->WidgetDe(&f.TCodigo))->text()), Troca().CodigoSelecionado);
+    EXPECT_FALSE(Troca().CodigoGravado.empty());
+    EXPECT_EQ(S(static_cast<QLineEdit*>(v->WidgetDe(&f.TCodigo))->text()), Troca().CodigoGravado);
     EXPECT_FALSE(f.LNome.Caption.empty());
     ASSERT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
     Digita("7");

@@ -71,6 +71,7 @@ TEST_P(Consulta, ListaDeAgrupamentosAbreSemPrepararCortaNomesEDevolveOCodigo) {
     db->Direto("UPDATE TBMATAG SET NOME = '" + std::string(70, 'N') +
                "' WHERE EMPRESA = 1 AND CODIGO = '000108'");
     db->Direto("UPDATE TBMATAG SET CODIGO = '007' WHERE EMPRESA = 1 AND CODIGO = '000111'");
+    db->Direto("UPDATE TBMATAG SET CODIGO = 'ESCOLAR' WHERE EMPRESA = 1 AND CODIGO = '000104'");
     janelas->AoMostrar("TolvanF02", [](Tela& t) {
         auto& f = static_cast<TolvanF02&>(t);
         auto& l = f.lstProdutosAgrupados;
@@ -96,6 +97,7 @@ TEST_P(Consulta, ListaDeAgrupamentosAbreSemPrepararCortaNomesEDevolveOCodigo) {
     TolvanF02 f;
     MostraModal(f);
     EXPECT_EQ(Troca().CodigoSelecionado, "7") << "a numeric code goes back as its decimal text";
+    EXPECT_EQ(Troca().CodigoGravado, "007") << "and as stored, for the search that follows";
     EXPECT_FALSE(f.Carregada());
 
     const auto& ch = gravador->chamadas;
@@ -113,14 +115,17 @@ TEST_P(Consulta, ListaDeAgrupamentosAbreSemPrepararCortaNomesEDevolveOCodigo) {
 
     janelas->AoMostrar("TolvanF02", [](Tela& t) {
         auto& f = static_cast<TolvanF02&>(t);
-        f.lstProdutosAgrupados.ListIndex = 1;
-        f.lstProdutosAgrupados.DblClick();
+        auto& l = f.lstProdutosAgrupados;
+        const auto escolar = std::find_if(l.Itens.begin(), l.Itens.end(),
+                                          [](auto& n) { return n.starts_with("Kit escolar"); });
+        ASSERT_NE(escolar, l.Itens.end());
+        l.ListIndex = static_cast<int>(escolar - l.Itens.begin());
+        l.DblClick();
     });
     TolvanF02 g;
     MostraModal(g);
-    EXPECT_FALSE(Troca().CodigoSelecionado.empty());
-    EXPECT_FALSE(std::isdigit(static_cast<unsigned char>(Troca().CodigoSelecionado[0])))
-        << "a code with letters goes back as text";
+    EXPECT_EQ(Troca().CodigoSelecionado, "ESCOLAR") << "a code with letters goes back as text";
+    EXPECT_EQ(Troca().CodigoGravado, "ESCOLAR");
 
     janelas->AoMostrar("TolvanF02", [](Tela& t) { t.Tecla(t.ActiveControl(), tecla::Esc, 0); });
     MostraModal(g);

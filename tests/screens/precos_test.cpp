@@ -188,7 +188,7 @@ TEST_P(Precos, ListaTeclasESaidas) {
     Abre([&](TolvanF07& f) {
         EscolheNaLista(*janelas, "Kit limpeza");
         f.Tecla(&f.TCodigo, tecla::Direita, 0);
-        EXPECT_EQ(f.TCodigo.Text, "000103") << "a code with letters comes back as it is";
+        EXPECT_EQ(f.TCodigo.Text, "000103") << "the code comes back as stored, leading zeros kept";
         EXPECT_EQ(f.LNome.Caption, "Kit limpeza da casa");
         EXPECT_EQ(f.ActiveControl(), &f.TxQtdGera);
         f.TxQtdGera.Digita("4");

@@ -73,7 +73,10 @@ void TolvanF02::Form_Activate() {
 
 void TolvanF02::Form_QueryUnload(int&, int UnloadMode) {
     // The close box is a cancel, like Esc.
-    if (UnloadMode == fechamento::MenuDeControle) Troca().CodigoSelecionado.clear();
+    if (UnloadMode == fechamento::MenuDeControle) {
+        Troca().CodigoSelecionado.clear();
+        Troca().CodigoGravado.clear();
+    }
 }
 
 void TolvanF02::PreencheLista() {
@@ -99,10 +102,10 @@ void TolvanF02::PreencheLista() {
         t.CursorLista = k.Cursor;
         while (k.Status == status::Ok) {
             int32_t numero = 0;
-            const bool inteiro = CodigoInteiro(k.Retorno[0], numero);
             lstProdutosAgrupados.AddItem(TextoFixo(CStr(k.Retorno[1]), 55));
-            lstProdutosAgrupados.ItemData[lstProdutosAgrupados.NewIndex()] = inteiro ? numero : 0;
-            codigos_.push_back(inteiro ? TextoDecimal(numero) : Apara(CStr(k.Retorno[0])));
+            lstProdutosAgrupados.ItemData[lstProdutosAgrupados.NewIndex()] =
+                CodigoInteiro(k.Retorno[0], numero) ? numero : 0;
+            codigos_.push_back(Apara(CStr(k.Retorno[0])));
             k.Cursor = t.CursorLista;
             k.Transacao = "NEXT";
             k.Retorno = Valor();
@@ -125,12 +128,16 @@ void TolvanF02::Seleciona() {
     if (i < 0 || i >= lstProdutosAgrupados.ListCount()) {
         // Nothing to pick: the same as a cancel.
         t.CodigoSelecionado.clear();
+        t.CodigoGravado.clear();
         Unload();
         return;
     }
-    t.CodigoSelecionado = static_cast<size_t>(i) < codigos_.size()
-                              ? codigos_[i]
-                              : TextoDecimal(lstProdutosAgrupados.ItemData[i]);
+    // A whole-number code goes back as its decimal text, as hosts expect;
+    // any other code as its text. The stored code rides along for searches.
+    t.CodigoGravado = static_cast<size_t>(i) < codigos_.size() ? codigos_[i]
+                                                               : TextoDecimal(lstProdutosAgrupados.ItemData[i]);
+    int32_t numero = 0;
+    t.CodigoSelecionado = CodigoInteiro(Valor(t.CodigoGravado), numero) ? TextoDecimal(numero) : t.CodigoGravado;
     DoEvents();
     lstProdutosAgrupados.Clear();
     codigos_.clear();
@@ -153,6 +160,7 @@ void TolvanF02::lstProdutosAgrupados_KeyDown(int& KeyCode, int Shift) {
             linha = 20;
             KeyCode = 0;
             Troca().CodigoSelecionado.clear();
+            Troca().CodigoGravado.clear();
             DoEvents();
             Unload();
         }

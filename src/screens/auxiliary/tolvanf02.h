@@ -33,7 +33,7 @@ class TolvanF02 : public Tela {
 
   private:
     void Seleciona();
-    std::vector<std::string> codigos_; // per entry, what CodigoSelecionado gets
+    std::vector<std::string> codigos_; // per entry, the code as stored (trimmed)
 };
 
 } // namespace ztolvan

@@ -226,7 +226,7 @@ void TolvanF07::sbLista() {
         TolvanF02 lista;
         MostraModal(lista);
         linha = 20;
-        TCodigo.Text = Troca().CodigoSelecionado;
+        TCodigo.Text = Troca().CodigoGravado;
         if (LerCodigo()) JanelasAtuais().EnviaTab(*this);
     });
 }

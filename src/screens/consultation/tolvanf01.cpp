@@ -355,7 +355,8 @@ void TolvanF01::sbNovaPesquisa() {
 void TolvanF01::VisualizarLista() {
     TolvanF02 lista;
     MostraModal(lista);
-    const std::string codigo = Troca().CodigoSelecionado;
+    // The code as stored: "000101" is found where its decimal text "101" is not.
+    const std::string codigo = Troca().CodigoGravado;
     txtPesquisa.Text = codigo;
     if (cboPesquisa.ListIndex != 0) cboPesquisa.Seleciona(0);
     fPesquisar(resultado_);

@@ -3,6 +3,7 @@
 // rates.
 #include <gtest/gtest.h>
 
+#include "common/conversao.h"
 #include "common/texto.h"
 #include "data/modules/modulos_teste.h"
 
@@ -17,14 +18,14 @@ class Modulos : public ComEsquema {
         const std::string item = produto.empty() ? "P" + cod : produto;
         db->Direto("INSERT INTO TBMATEQ (Empresa, CodEquiv, Tipo, CodItem, Valor, DscItem, UltCForn, "
                    "RazFornec) VALUES (1, '" +
-                   cod + "', " + std::to_string(tipo) + ", '" + item + "', " + std::to_string(valor) +
+                   cod + "', " + std::to_string(tipo) + ", '" + item + "', " + EscreveNumero(valor) +
                    ", 'Equivalência " + cod + "', 101, 'Fornecedor')");
     }
     void ItemAgrupamento(const std::string& codigo, int item, const std::string& equiv, double valor = 1) {
         db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, "
                    "Valor, STTR, Observacao, TIPO) VALUES (1, '" +
                    codigo + "', 'Agrupamento " + codigo + "', " + std::to_string(item) + ", 'P" + equiv +
-                   "', 'Item', '" + equiv + "', 2, " + std::to_string(valor) + ", 0, 'Obs', 3)");
+                   "', 'Item', '" + equiv + "', 2, " + EscreveNumero(valor) + ", 0, 'Obs', 3)");
     }
     // Reads a record through a module from OPEN to the end, one value per row.
     template <class R, class V> std::vector<V> Le(R& (*reg)(), void (*modulo)(), const char* f, V R::*campo) {
