@@ -75,6 +75,26 @@ bool LeNumero(std::string_view s, double& v) {
     return true;
 }
 
+bool LeInteiro32(const Valor& v, int32_t& r) {
+    if (v.tipo() == Valor::Tipo::Inteiro) {
+        if (v.inteiro() < std::numeric_limits<int32_t>::min() || v.inteiro() > std::numeric_limits<int32_t>::max())
+            return false;
+        r = static_cast<int32_t>(v.inteiro());
+        return true;
+    }
+    if (!v.eTexto()) return false;
+    std::string_view t = v.texto();
+    size_t b = t.find_first_not_of(" \t"), e = t.find_last_not_of(" \t");
+    if (b == std::string_view::npos) return false;
+    t = t.substr(b, e - b + 1);
+    if (t[0] == '+') t.remove_prefix(1);
+    int32_t n = 0;
+    auto [fim, erro] = std::from_chars(t.data(), t.data() + t.size(), n);
+    if (erro != std::errc() || fim != t.data() + t.size()) return false;
+    r = n;
+    return true;
+}
+
 std::string EscreveNumero(double v) {
     char buf[64];
     auto r = std::to_chars(buf, buf + sizeof buf, v);
@@ -122,9 +142,17 @@ double Val(std::string_view s) {
 
 namespace {
 
+// Whether the thousands separator just before 'i' groups three digits: three
+// digits follow, and then no fourth.
+bool AgrupaTresDigitos(std::string_view v, size_t i) {
+    for (size_t k = 0; k < 3; ++k)
+        if (i + k >= v.size() || !std::isdigit(static_cast<unsigned char>(v[i + k]))) return false;
+    return i + 3 >= v.size() || !std::isdigit(static_cast<unsigned char>(v[i + 3]));
+}
+
 // The number at the start of v in the regional conventions; 'lidos' is how
 // many characters it took (0 when none).
-double NumeroRegionalNoInicio(std::string_view v, size_t& lidos) {
+double NumeroRegionalNoInicio(std::string_view v, size_t& lidos, bool separadorSoltoEDecimal = false) {
     const Regiao& r = RegiaoAtual();
     std::string t;
     size_t i = 0;
@@ -151,6 +179,13 @@ double NumeroRegionalNoInicio(std::string_view v, size_t& lidos) {
         } else if (!decimal && !r.milhar.empty() && digitos > 0 &&
                    v.compare(i, r.milhar.size(), r.milhar) == 0) {
             i += r.milhar.size();
+            // A separator that groups no three digits ("2.5", "1.25") is
+            // the decimal mark an operator meant, when the text has none.
+            if (separadorSoltoEDecimal && !AgrupaTresDigitos(v, i) &&
+                v.find(r.decimal, i) == std::string_view::npos) {
+                t.push_back('.');
+                decimal = true;
+            }
         } else {
             break;
         }
@@ -190,7 +225,7 @@ double TextoParaNumero(std::string_view s) {
 
 double ValRegional(std::string_view s) {
     size_t lidos = 0;
-    return NumeroRegionalNoInicio(SemBrancosNasPontas(s), lidos);
+    return NumeroRegionalNoInicio(SemBrancosNasPontas(s), lidos, true);
 }
 
 double ArredondaPar(double v) {

@@ -20,7 +20,9 @@ double Val(std::string_view s);
 double TextoParaNumero(std::string_view s);
 // The number at the start of a text in the regional conventions, as an
 // operator types it in a field: "1.000,01" is 1000.01, "12abc" is 12, "" and
-// "abc" are 0. Never a type mismatch.
+// "abc" are 0. A thousands separator that groups no three digits, in a text
+// without the decimal mark, is the decimal mark the operator meant: "2.5" is
+// 2.5 in pt_BR, never 25. Never a type mismatch.
 double ValRegional(std::string_view s);
 
 // Numbers as databases, statements and files write them: "." for the
@@ -33,6 +35,11 @@ std::string EscreveNumero(double v);
 // At most 'digitos' significant digits, trailing zeros dropped ("%.15g" of
 // the C locale).
 std::string EscreveNumero(double v, int digitos);
+
+// A whole 32-bit number: an integer value, or a text of digits with an
+// optional sign and blanks around ("000101" is 101); false for anything else
+// ("CESTA01", "1.5", "").
+bool LeInteiro32(const Valor& v, int32_t& r);
 
 // Rounding to an integer with halves to even (2.5 -> 2, 3.5 -> 4).
 double ArredondaPar(double v);

@@ -165,7 +165,9 @@ void consultalista::ZProcessa(int16_t& zEmpresa, std::string& zoperador, std::st
                 TelasAtuais().MostraPrecos();
             } else if (Zorigem == "P") {
                 TelasAtuais().MostraConsulta();
-                ZCodigo = CLng(s.DadosRetorno);
+                // Only a whole number can be handed back; anything else is none.
+                int32_t codigo = 0;
+                ZCodigo = LeInteiro32(s.DadosRetorno, codigo) ? codigo : 0;
             } else {
                 TelasAtuais().MostraConsulta();
             }

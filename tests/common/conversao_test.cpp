@@ -59,6 +59,24 @@ TEST_F(RegiaoPtBr, TextoNumericoSegueARegiaoEFalhaQuandoNaoENumero) {
     EXPECT_EQ(ValRegional("12abc"), 12);
     EXPECT_EQ(ValRegional("abc"), 0);
     EXPECT_EQ(ValRegional(""), 0);
+    // A point that groups no three digits is the decimal mark the operator meant.
+    const std::pair<const char*, double> digitados[] = {
+        {"2.5", 2.5},     {"1.25", 1.25},         {"1.2345", 1.2345}, {"1.000", 1000},
+        {"12.345.6", 12345.6}, {"1.000,5", 1000.5}, {"-2.5", -2.5},    {"R$ 1.234,56", 1234.56}};
+    for (const auto& [texto, valor] : digitados)
+        EXPECT_DOUBLE_EQ(ValRegional(texto), valor) << texto;
+    EXPECT_EQ(NumeroDoErro([] { CDbl(Valor("2.5x")); }), 13) << "a program's text stays strict";
+}
+
+TEST(LeInteiro32, SoNumerosInteirosDeTrintaEDoisBits) {
+    int32_t n = -1;
+    EXPECT_TRUE(LeInteiro32(Valor("000101              "), n));
+    EXPECT_EQ(n, 101);
+    EXPECT_TRUE(LeInteiro32(Valor(int64_t{7}), n));
+    EXPECT_EQ(n, 7);
+    for (const Valor& ruim : {Valor("CESTA01"), Valor("1.5"), Valor(""), Valor("99999999999"),
+                              Valor(int64_t{1} << 40), Valor(2.0)})
+        EXPECT_FALSE(LeInteiro32(ruim, n)) << CStr(ruim);
 }
 
 TEST_F(RegiaoPtBr, CStrUsaQuinzeDigitosEOSeparadorDaRegiao) {

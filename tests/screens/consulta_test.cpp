@@ -272,6 +272,80 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
     });
 }
 
+// The name beside the grid, the items under it and the totals line always
+// speak of the same grouping.
+TEST_P(Consulta, NomeItensETotaisSaoDoAgrupamentoMostrado) {
+    db->Direto("UPDATE TBMATAG SET TIPO = NULL WHERE EMPRESA = 1 AND CODIGO = '000104' AND ITEM = 1");
+    AcoesConsulta acoes;
+    // Maintenance saves a new name into the selected row, as its screen does.
+    acoes.Manutencao = [&](TolvanF01& f, const std::string&, bool) {
+        f.MSFGAgrupamento.DefineTextMatrix(f.MSFGAgrupamento.Row(), 1, "Kit escolar renomeado");
+        f.MSFGAgrupamento.DefineTextMatrix(f.MSFGAgrupamento.Row(), 2, "Inativo");
+    };
+    DefineAcoesConsulta(acoes);
+    Abre("", [&](TolvanF01& f) {
+        Busca(f, 2, "kit");
+        ASSERT_GT(f.MSFGAgrupamento.Rows(), 3) << "several groupings found";
+        EXPECT_EQ(Codigos(f.MSFGAgrupamento)[0], "000103");
+        EXPECT_EQ(f.LNome.Caption, "Kit limpeza da casa") << "the first found, whose items are shown";
+        EXPECT_EQ(f.GCon1.Rows(), 8);
+        EXPECT_EQ(f.LTotais.Caption, "0 de 7 itens marcados, total R$ 0,00");
+
+        f.MSFGAgrupamento.Seleciona(2, 0);
+        EXPECT_EQ(f.LNome.Caption, "Kit escolar ensino fundamental") << "a moved selection names its grouping";
+        ASSERT_EQ(f.GCon1.Rows(), 12) << "a NULL price type loads like any other";
+        int tipoZero = 0;
+        for (int r = 1; r < f.GCon1.Rows(); ++r)
+            tipoZero += f.GCon1.TextMatrix(r, 11) == "0";
+        EXPECT_EQ(tipoZero, 1) << "NULL reads as 0";
+
+        f.MSFGAgrupamento.DblClick();
+        EXPECT_EQ(f.LNome.Caption, "Kit escolar renomeado") << "back from maintenance: the saved name";
+        EXPECT_EQ(f.GCon1.Rows(), 12);
+    });
+    for (const auto& m : Mostradas())
+        EXPECT_NE(m.Tipo, 16) << m.Texto;
+
+    Abre("V", [&](TolvanF01& f) {
+        Busca(f, 1, "000101");
+        // 13 items at their grouping prices, all marked on a sales order.
+        EXPECT_EQ(f.LTotais.Caption, "13 de 13 itens marcados, total R$ 180,78");
+        f.Tecla(&f.GCon1, tecla::F6, 0);
+        EXPECT_EQ(f.LTotais.Caption, "0 de 13 itens marcados, total R$ 0,00");
+        f.GCon1.Seleciona(1, 1);
+        f.Tecla(&f.GCon1, tecla::F7, 0);
+        EXPECT_EQ(f.LTotais.Caption, "1 de 13 itens marcados, total " + f.GCon1.TextMatrix(1, 6));
+        f.Tecla(&f.GCon1, tecla::F11, 0);
+        EXPECT_EQ(f.LTotais.Caption, "");
+        EXPECT_EQ(f.LNome.Caption, "");
+    });
+}
+
+TEST_P(Consulta, CapturaSoDevolveCodigoNumerico) {
+    db->Direto("UPDATE TBMATAG SET CODIGO = 'ESCOLAR' WHERE EMPRESA = 1 AND CODIGO = '000104'");
+    Abre("P", [&](TolvanF01& f) {
+        EXPECT_FALSE(f.MSFGAgrupamento.ToolTipText.empty()) << "the grid says how to capture";
+        const std::vector<std::string> codigos = Codigos(f.MSFGAgrupamento);
+        const auto escolar = std::find(codigos.begin(), codigos.end(), "ESCOLAR");
+        ASSERT_NE(escolar, codigos.end());
+        f.MSFGAgrupamento.Seleciona(static_cast<int>(escolar - codigos.begin()) + 1, 0);
+        f.Tecla(&f.MSFGAgrupamento, tecla::Letra('C'), modificador::Ctrl);
+        EXPECT_TRUE(f.Carregada()) << "a code with letters is not handed back";
+        f.MSFGAgrupamento.DblClick();
+        EXPECT_TRUE(f.Carregada());
+        ASSERT_EQ(Mostradas().size(), 2u);
+        EXPECT_NE(Mostradas()[0].Texto.find("ESCOLAR não é numérico"), std::string::npos) << Mostradas()[0].Texto;
+        EXPECT_NE(Mostradas()[0].Texto.find("<CTRL+C>"), std::string::npos);
+        EXPECT_EQ(Mostradas()[0].Tipo, 64);
+        f.MSFGAgrupamento.Seleciona(1, 0);
+        f.Tecla(&f.MSFGAgrupamento, tecla::Letra('C'), modificador::Ctrl);
+        EXPECT_FALSE(f.Carregada());
+    });
+    int32_t codigo = -1;
+    EXPECT_TRUE(LeInteiro32(SessaoAtual().DadosRetorno, codigo));
+    EXPECT_EQ(codigo, 101);
+}
+
 TEST_P(Consulta, TextoDoOperadorNaoMudaOComando) {
     db->Direto("UPDATE TBMATAG SET NOME = 'Kit d''agua' WHERE EMPRESA = 1 AND CODIGO = '000110'");
     Abre("", [&](TolvanF01& f) {

@@ -79,10 +79,22 @@ TEST_F(Dialogos, QuantidadeValidaOZeroEPerguntaAcimaDeMil) {
     EXPECT_FALSE(nao.confirmada);
     EXPECT_EQ(nao.qtd, 5);
 
-    Resultado texto = QuantidadeDigitada(*janelas, *mensagens, "abc");
-    EXPECT_FALSE(texto.confirmada) << "text is no quantity";
-    Resultado decimal = QuantidadeDigitada(*janelas, *mensagens, "2,5");
-    EXPECT_DOUBLE_EQ(decimal.qtd, 2.5);
+    for (const char* ruim : {"abc", "-5", "-0,5"}) {
+        mensagens->Limpa();
+        Resultado r = QuantidadeDigitada(*janelas, *mensagens, ruim);
+        EXPECT_FALSE(r.confirmada) << ruim << ": no quantity, or a negative one";
+        EXPECT_EQ(r.qtd, 5) << ruim;
+        ASSERT_EQ(mensagens->Mostradas().size(), 1u) << ruim;
+        EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Quantidade Inválida") << ruim;
+    }
+    // "2.5" is two and a half however the point is read, never 25.
+    for (const char* decimal : {"2,5", "2.5"}) {
+        mensagens->Limpa();
+        Resultado r = QuantidadeDigitada(*janelas, *mensagens, decimal);
+        EXPECT_TRUE(r.confirmada) << decimal;
+        EXPECT_DOUBLE_EQ(r.qtd, 2.5) << decimal;
+        EXPECT_TRUE(mensagens->Mostradas().empty()) << decimal;
+    }
 }
 
 TEST_F(Dialogos, QuantidadeCarregaDaTrocaEnterAvancaEscECancelaNaoGuardam) {

@@ -1,8 +1,5 @@
 #include "screens/auxiliary/tolvanf02.h"
 
-#include <cctype>
-#include <charconv>
-
 #include "common/conversao.h"
 #include "common/mensagens.h"
 #include "common/telas.h"
@@ -16,23 +13,6 @@
 #include "screens/troca.h"
 
 namespace ztolvan {
-namespace {
-
-// Whether a grouping code is a whole 32-bit number, which item data carries.
-bool CodigoInteiro(const Valor& v, int32_t& codigo) {
-    if (v.tipo() == Valor::Tipo::Inteiro) {
-        if (v.inteiro() < INT32_MIN || v.inteiro() > INT32_MAX) return false;
-        codigo = static_cast<int32_t>(v.inteiro());
-        return true;
-    }
-    const std::string t = Apara(CStr(v));
-    if (t.empty()) return false;
-    const char* ini = t.data() + (t[0] == '+' ? 1 : 0);
-    auto [fim, erro] = std::from_chars(ini, t.data() + t.size(), codigo);
-    return erro == std::errc() && fim == t.data() + t.size();
-}
-
-} // namespace
 
 TolvanF02::TolvanF02() : Tela("TolvanF02") {
     Caption = "Lista de Produtos Agrupados";
@@ -104,7 +84,7 @@ void TolvanF02::PreencheLista() {
             int32_t numero = 0;
             lstProdutosAgrupados.AddItem(TextoFixo(CStr(k.Retorno[1]), 55));
             lstProdutosAgrupados.ItemData[lstProdutosAgrupados.NewIndex()] =
-                CodigoInteiro(k.Retorno[0], numero) ? numero : 0;
+                LeInteiro32(k.Retorno[0], numero) ? numero : 0;
             codigos_.push_back(Apara(CStr(k.Retorno[0])));
             k.Cursor = t.CursorLista;
             k.Transacao = "NEXT";
@@ -137,7 +117,7 @@ void TolvanF02::Seleciona() {
     t.CodigoGravado = static_cast<size_t>(i) < codigos_.size() ? codigos_[i]
                                                                : TextoDecimal(lstProdutosAgrupados.ItemData[i]);
     int32_t numero = 0;
-    t.CodigoSelecionado = CodigoInteiro(Valor(t.CodigoGravado), numero) ? TextoDecimal(numero) : t.CodigoGravado;
+    t.CodigoSelecionado = LeInteiro32(Valor(t.CodigoGravado), numero) ? TextoDecimal(numero) : t.CodigoGravado;
     DoEvents();
     lstProdutosAgrupados.Clear();
     codigos_.clear();

@@ -79,7 +79,8 @@ void TolvanF03::BTOk_Click() {
         if (t.empty() || t == "," || t == ".") TQtd.Text = "0,0000";
         linha = 20;
         const double qtd = ValRegional(TQtd.Text);
-        if (qtd == 0) {
+        // No quantity, or a negative one, is refused alike.
+        if (qtd <= 0) {
             MostraMensagem("Quantidade Inválida", msg::Informacao, "Lista");
             SetFocus(TQtd);
             return;

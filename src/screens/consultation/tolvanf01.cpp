@@ -54,6 +54,13 @@ std::string Situacao(int16_t dispon) {
 
 // DISPON read as a 16-bit number; a value that is no number is as unknown
 // as an unlisted one, and shows no text.
+// The grouping item's price type; NULL reads as 0 on either database (the
+// file database hands back the '' of ISNULL(TIPO, '')).
+int16_t TipoDe(const Valor& v) {
+    if (v.eTexto()) return CInt(Val(v.texto()));
+    return CInt(v);
+}
+
 int16_t DisponDe(const Valor& v) {
     try {
         return CInt(Valor(Apara(CStr(v))));
@@ -90,6 +97,7 @@ TolvanF01::TolvanF01() : Tela("TolvanF01") {
     Registra(LNome, "LNome", 2640, 1440, 8000, 240);
     Registra(MSFGAgrupamento, "MSFGAgrupamento", 120, 1680, w - 240, 2160, 3);
     Registra(Label4, "Label4", 120, 3900, 3000, 240);
+    Registra(LTotais, "LTotais", 3240, 3900, w - 3360, 240);
     Registra(GCon1, "GCon1", 120, 4140, w - 240, 2760, 4);
     Registra(CMensagem, "CMensagem", 120, 6960, 6000, 240);
 
@@ -187,10 +195,14 @@ void TolvanF01::AplicaModo() {
     const Sessao& s = SessaoAtual();
     const std::string modo = Maiusculas(s.OrigemTrim);
     std::string titulo;
+    MSFGAgrupamento.ToolTipText.clear();
     if (modo == "P") {
         mnuCaptura.Visible = true;
         mnuGeraDocumentos.Visible = false;
         DefineMensagem("Tecle <CTRL+C> para Capturar Código do Agrupamento");
+        // The message line goes back to "Tecle <ESC> para Sair" below; the
+        // grid keeps saying how to capture.
+        MSFGAgrupamento.ToolTipText = "Tecle <CTRL+C> ou dê um duplo clique para capturar o código do agrupamento";
         titulo = "[Orderm de Produção]";
         NoTopo = true;
         MantemNoTopo(this, true);
@@ -329,10 +341,23 @@ void TolvanF01::sbSair() {
 }
 
 void TolvanF01::Captura() {
-    if (MSFGAgrupamento.Rows() > 1 && MSFGAgrupamento.Row() >= 1) {
-        SessaoAtual().DadosRetorno = Valor(MSFGAgrupamento.TextMatrix(MSFGAgrupamento.Row(), 0));
-        sbSair();
+    if (MSFGAgrupamento.Rows() > 1 && MSFGAgrupamento.Row() >= 1)
+        CapturaCodigo(MSFGAgrupamento.TextMatrix(MSFGAgrupamento.Row(), 0));
+}
+
+void TolvanF01::CapturaCodigo(const std::string& codigo) {
+    // The host gets a 32-bit number: a code with letters cannot go back, and
+    // the operator is told why and how, instead of an unexpected error.
+    int32_t numero = 0;
+    if (!LeInteiro32(Valor(codigo), numero)) {
+        MostraMensagem("O código do agrupamento " + Apara(codigo) +
+                           " não é numérico e não pode ser capturado. Selecione um agrupamento de código "
+                           "numérico e tecle <CTRL+C> ou dê um duplo clique.",
+                       msg::Informacao, "AVISO");
+        return;
     }
+    SessaoAtual().DadosRetorno = Valor(codigo);
+    sbSair();
 }
 
 void TolvanF01::sbNovaPesquisa() {
@@ -398,6 +423,7 @@ void TolvanF01::ConfiguraGridAgrupamento() {
         g.FixedCols = 0;
         g.FixedRows = 1;
         g.Clear();
+        nomes_.assign(1, std::string());
         g.DefineRow(0);
         g.DefineCol(0);
         linha = 20;
@@ -489,9 +515,11 @@ void TolvanF01::ListaAgrupamentos(Listagem tipo, std::string& resultado, const c
             const std::string codItem = TextoFixo(CStr(k.Retorno[3]), 20);
             const std::string nome = TextoFixo(CStr(k.Retorno[4]), 100);
             if (primeira || codigo != anterior) {
-                if (tipo != Listagem::ComEquivalencia || Val(codItem) > 0)
+                if (tipo != Listagem::ComEquivalencia || Val(codItem) > 0) {
                     MSFGAgrupamento.AddItem(codigo + "\t" + Esquerda(nome, 40) + "\t" +
                                             (sttr != 0 ? "Inativo" : "Ativo"));
+                    nomes_.push_back(Apara(nome));
+                }
             }
             primeira = false;
             anterior = codigo;
@@ -550,6 +578,7 @@ void TolvanF01::LerCodigo() {
                     const int16_t sttr = CInt(rs.Fields("StTr").Value);
                     MSFGAgrupamento.AddItem(codigo + "\t" + Apara(nome) + "\t" +
                                             (sttr == 0 ? "Ativo" : "Inativo"));
+                    nomes_.push_back(Apara(nome));
                     ++achados;
                 }
             } else {
@@ -565,10 +594,11 @@ void TolvanF01::LerCodigo() {
             naoAchou_ = true;
             LNome.Caption = "Inexistente";
         } else {
-            LNome.Caption = nome;
-            // The first grouping found is the one whose items are shown.
+            // The first grouping found is the one whose items are shown, and
+            // the one named beside the grid.
             MSFGAgrupamento.DefineRow(1);
             MSFGAgrupamento.DefineCol(0);
+            LNome.Caption = nomes_.size() > 1 ? nomes_[1] : Apara(nome);
         }
     });
 }
@@ -648,15 +678,19 @@ void TolvanF01::MSFGAgrupamento_DblClick() {
         if (MSFGAgrupamento.Rows() < 2 || r < 1) return;
         const std::string modo = SessaoAtual().OrigemTrim;
         if (modo == "P") {
-            SessaoAtual().DadosRetorno = Valor(Apara(MSFGAgrupamento.TextMatrix(r, 0)));
-            sbSair();
+            CapturaCodigo(Apara(MSFGAgrupamento.TextMatrix(r, 0)));
         } else if (modo.empty()) {
             auto manutencao = AcoesConsultaAtuais().Manutencao;
             if (!manutencao) {
                 Indisponivel("Manutenção de Agrupamento");
                 return;
             }
+            const std::string nomeAntes = MSFGAgrupamento.TextMatrix(r, 1);
             manutencao(*this, MSFGAgrupamento.TextMatrix(r, 0), MSFGAgrupamento.TextMatrix(r, 2) == "Ativo");
+            // A saved grouping comes back renamed in its row: the name beside
+            // the grid follows it.
+            if (MSFGAgrupamento.TextMatrix(r, 1) != nomeAntes && static_cast<size_t>(r) < nomes_.size())
+                nomes_[r] = Apara(MSFGAgrupamento.TextMatrix(r, 1));
             sbPesquisaProdutos();
         }
     });
@@ -694,6 +728,7 @@ void TolvanF01::GridCabecalho() {
             {"Referência", 15, AlinhamentoGrade::EsquerdaTopo},
             {"Tipo", 6, AlinhamentoGrade::Geral},
         };
+        LTotais.Caption.clear();
         for (int c = 0; c < 12; ++c) {
             g.DefineCol(c);
             g.DefineText(colunas[c].titulo);
@@ -716,6 +751,8 @@ void TolvanF01::sbPesquisaProdutos() {
         const std::string empresa = Apara(TextoDecimal(s.Empresa));
         const int r = MSFGAgrupamento.Rows() > 0 ? MSFGAgrupamento.Row() : 0;
         const std::string codigo = MSFGAgrupamento.Rows() > 0 ? Apara(MSFGAgrupamento.TextMatrix(r, 0)) : "";
+        // The name beside the grid is always the grouping whose items load.
+        if (r >= 1 && static_cast<size_t>(r) < nomes_.size()) LNome.Caption = nomes_[r];
         std::string sql;
         sql.reserve(900);
         sql += "SELECT DISTINCT ISNULL(T2.DscItem,'PRODUTO NÃO CADASTRADO PARA ESTA EMPRESA') AS DscItem , ";
@@ -768,12 +805,13 @@ void TolvanF01::sbPesquisaProdutos() {
                            FormataMoeda(valor), FormataMoeda(valor * qtd),
                            TextoFixo(CStr(rs.ValorNa(cEmbal)), 2), std::move(codEquiv),
                            TextoFixo(CStr(rs.ValorNa(cItem)), 20), TextoFixo(CStr(rs.ValorNa(cRef)), 20),
-                           TextoDecimal(CInt(rs.ValorNa(cTipo)))});
+                           TextoDecimal(TipoDe(rs.ValorNa(cTipo)))});
             linha = 60;
         }
         equivalencias.emplace_back();
         linha = 80;
         Troca().CodEquivItens = std::move(equivalencias);
+        AtualizaTotais();
     });
 }
 
@@ -810,8 +848,26 @@ void TolvanF01::sbMarcarSelecionado() {
 
 void TolvanF01::CalculaTotal() {
     Protegido(EstiloErro::Previsto, "CalculaTotal", Name, [&](int&) {
+        AtualizaTotais();
         if (GCon1.Rows() > 1) GCon1.DefineRow(1);
     });
+}
+
+void TolvanF01::AtualizaTotais() {
+    const int linhas = GCon1.Rows() - 1;
+    if (linhas < 1 || GCon1.Cols() <= ColValTotal) {
+        LTotais.Caption.clear();
+        return;
+    }
+    int marcados = 0;
+    double total = 0;
+    for (int r = 1; r <= linhas; ++r) {
+        if (GCon1.TextMatrix(r, ColMarca) != "*") continue;
+        ++marcados;
+        total += ValRegional(GCon1.TextMatrix(r, ColValTotal));
+    }
+    LTotais.Caption = TextoDecimal(marcados) + " de " + TextoDecimal(linhas) +
+                      (linhas == 1 ? " item marcado" : " itens marcados") + ", total " + FormataMoeda(total);
 }
 
 void TolvanF01::MnuAltQtd_Click() {

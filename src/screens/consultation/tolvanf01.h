@@ -2,6 +2,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "data/banco_dados.h"
 #include "screens/controles.h"
@@ -59,6 +60,8 @@ class TolvanF01 : public Tela {
     Rotulo Label8;
     Grade MSFGAgrupamento;
     Rotulo LNome;
+    // How many items are marked and what they add up to.
+    Rotulo LTotais;
     Rotulo Label4;
     Grade GCon1;
     Botao btnVerLista, btnAlterar;
@@ -120,8 +123,14 @@ class TolvanF01 : public Tela {
     void ListaAgrupamentos(Listagem tipo, std::string& resultado, const char* procedimento);
     void MontaRodape();
     void AplicaModo();
+    void AtualizaTotais();
+    // Capture of the selected grouping's code: only a whole number goes back.
+    void CapturaCodigo(const std::string& codigo);
 
     std::string resultado_ = "00";
+    // The full name of the grouping of each row of the grouping grid (row 0,
+    // the header, has none): LNome names the one whose items are shown.
+    std::vector<std::string> nomes_{std::string()};
     bool naoAchou_ = false;
     std::unique_ptr<clsBancoDados> banco_;
     bool bancoAberto_ = false;
