@@ -6,6 +6,7 @@
 #include "data/banco_param.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
+#include "data/postgres/conector_postgres.h"
 #include "data/sqlite/conector_sqlite.h"
 
 using namespace ztolvan;
@@ -118,15 +119,23 @@ TEST_P(Despachante, TextoSemCursorRodaSemPrepareEOOpenDevolveOCursorDoResultado)
 }
 
 // A refused insert ("22") and a failing statement leave the unit's earlier
-// changes pending.
+// changes pending, whether the unit's first change or a later one fails. On
+// the server, a change costs one round trip, its BEGIN or savepoint pair
+// travelling with it.
 TEST_P(Despachante, InsertComChaveExistenteDa22EAUnidadeSegueDepoisDeUmaFalha) {
     int16_t ins = PreparaInsercao();
+    EXPECT_EQ(Envia("EXECUTE", ins, Linha(1, "A")), "22") << "the unit's first change";
+    const uint64_t antes = ConectorPostgres::IdasEVoltas();
     EXPECT_EQ(Envia("EXECUTE", ins, Linha(3, "N")), "00") << c().Msg;
+    EXPECT_EQ(Envia("EXECUTE", ins, Linha(3, "O")), "00") << c().Msg;
+    if (db->kind() == Kind::Postgres) {
+        EXPECT_EQ(ConectorPostgres::IdasEVoltas() - antes, 2u);
+    }
     EXPECT_EQ(Envia("EXECUTE", ins, Linha(1, "A")), "22") << c().Msg;
     EXPECT_EQ(Envia("REQUERY", 0, "SELECT NADA FROM TBX"), "99");
     EXPECT_EQ(Envia("EXECUTE", ins, Linha(3, "M")), "00") << c().Msg;
     EXPECT_EQ(Envia("COMMIT", 0), "00");
-    EXPECT_EQ(Conta("EMPRESA = 3"), 2);
+    EXPECT_EQ(Conta("EMPRESA = 3"), 3);
 }
 
 TEST_P(Despachante, RollbackDescartaTudoDesdeOUltimoCommitEOConfirmadoSobreviveAReabrir) {

@@ -1,7 +1,7 @@
 #include "data/postgres/conector_postgres.h"
 
+#include <atomic>
 #include <cctype>
-
 #include <cstring>
 #include <deque>
 #include <memory>
@@ -23,6 +23,8 @@ struct ConectorPostgres::ComandoPg : Comando {
     int Parametros() const override { return parametros; }
     bool EhConsulta() const override { return consulta; }
 };
+
+std::atomic<uint64_t> ConectorPostgres::idasEVoltas_{0};
 
 namespace {
 
@@ -203,6 +205,7 @@ bool ConectorPostgres::Disponivel(std::string& msg) {
 }
 
 std::string ConectorPostgres::Simples(const char* sql, std::string& msg) {
+    ++idasEVoltas_;
     auto r = Envolve(PQexec(conn_, sql));
     if (PQresultStatus(r.get()) == PGRES_COMMAND_OK || PQresultStatus(r.get()) == PGRES_TUPLES_OK)
         return status::Ok;
@@ -211,6 +214,7 @@ std::string ConectorPostgres::Simples(const char* sql, std::string& msg) {
 }
 
 bool ConectorPostgres::PreparaNoServidor(ComandoPg& c, std::string& msg) {
+    idasEVoltas_ += 2;
     auto r = Envolve(PQprepare(conn_, c.nome.c_str(), c.texto.c_str(), 0, nullptr));
     if (PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
         msg = MensagemDe(conn_, r.get());
@@ -251,44 +255,111 @@ std::unique_ptr<ConectorComum::Comando> ConectorPostgres::Prepara(const std::str
     return c;
 }
 
-std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela,
-                                   bool comColunas, std::string& msg) {
-    if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
-    std::vector<std::string> textos(valores.size());
-    std::vector<const char*> ptrs(valores.size());
-    for (size_t i = 0; i < valores.size(); ++i) {
-        if (valores[i].vazio()) {
-            ptrs[i] = nullptr;
-        } else {
+// The values as libpq takes them: text, NULL for an empty value.
+struct ConectorPostgres::Parametros {
+    std::vector<std::string> textos;
+    std::vector<const char*> ptrs;
+    explicit Parametros(const Valor::Lista& valores) : textos(valores.size()), ptrs(valores.size()) {
+        for (size_t i = 0; i < valores.size(); ++i) {
+            if (valores[i].vazio()) continue;
             textos[i] = TextoParametro(valores[i]);
             ptrs[i] = textos[i].c_str();
         }
     }
-    auto r = Envolve(c.avulso ? PQexecParams(conn_, c.texto.c_str(), static_cast<int>(ptrs.size()), nullptr,
-                                             ptrs.data(), nullptr, nullptr, 0)
-                              : PQexecPrepared(conn_, c.nome.c_str(), static_cast<int>(ptrs.size()),
-                                               ptrs.data(), nullptr, nullptr, 0));
-    ExecStatusType est = PQresultStatus(r.get());
+    int n() const { return static_cast<int>(ptrs.size()); }
+};
+
+// A statement's result as the contract wants it: status, message, rows.
+std::string ConectorPostgres::Le(ComandoPg& c, const PGresult* r, TabelaResultado& tabela, bool comColunas,
+                                 std::string& msg) {
+    ExecStatusType est = PQresultStatus(r);
     if (c.avulso) c.consulta = est == PGRES_TUPLES_OK;
     if (est != PGRES_TUPLES_OK && est != PGRES_COMMAND_OK) {
-        msg = MensagemDe(conn_, r.get());
-        return StatusDe(r.get());
+        msg = MensagemDe(conn_, r);
+        return StatusDe(r);
     }
     if (est == PGRES_TUPLES_OK) {
-        const int nlin = PQntuples(r.get()), ncol = PQnfields(r.get());
+        const int nlin = PQntuples(r), ncol = PQnfields(r);
         if (comColunas)
             for (int j = 0; j < ncol; ++j)
-                tabela.colunas.emplace_back(PQfname(r.get(), j));
+                tabela.colunas.emplace_back(PQfname(r, j));
         tabela.linhas.reserve(static_cast<size_t>(nlin));
         for (int i = 0; i < nlin; ++i) {
             Valor::Lista linha;
             linha.reserve(static_cast<size_t>(ncol));
             for (int j = 0; j < ncol; ++j)
-                linha.push_back(Coluna(r.get(), i, j));
+                linha.push_back(Coluna(r, i, j));
             tabela.linhas.push_back(std::move(linha));
         }
     }
     return status::Ok;
+}
+
+std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela,
+                                   bool comColunas, std::string& msg) {
+    if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
+    Parametros p(valores);
+    ++idasEVoltas_;
+    auto r = Envolve(c.avulso ? PQexecParams(conn_, c.texto.c_str(), p.n(), nullptr, p.ptrs.data(), nullptr,
+                                             nullptr, 0)
+                              : PQexecPrepared(conn_, c.nome.c_str(), p.n(), p.ptrs.data(), nullptr, nullptr, 0));
+    return Le(c, r.get(), tabela, comColunas, msg);
+}
+
+// The statement between two command words (BEGIN before it; SAVEPOINT before
+// and RELEASE after it), all sent in one round trip through libpq's pipeline.
+// A failing statement leaves the words after it unrun and the unit aborted:
+// the caller undoes it. Returns the statement's status.
+std::string ConectorPostgres::RodaEntre(const char* antes, ComandoPg& c, const Valor::Lista& valores,
+                                        const char* depois, TabelaResultado& tabela, bool comColunas,
+                                        std::string& msg) {
+    if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
+    Parametros p(valores);
+    if (!PQenterPipelineMode(conn_)) {
+        msg = MensagemDe(conn_, nullptr);
+        return status::Falha;
+    }
+    bool enviado = PQsendQueryParams(conn_, antes, 0, nullptr, nullptr, nullptr, nullptr, 0) &&
+                   (c.avulso ? PQsendQueryParams(conn_, c.texto.c_str(), p.n(), nullptr, p.ptrs.data(), nullptr,
+                                                 nullptr, 0)
+                             : PQsendQueryPrepared(conn_, c.nome.c_str(), p.n(), p.ptrs.data(), nullptr,
+                                                   nullptr, 0)) &&
+                   (!depois || PQsendQueryParams(conn_, depois, 0, nullptr, nullptr, nullptr, nullptr, 0)) &&
+                   PQpipelineSync(conn_);
+    ++idasEVoltas_;
+    // Results arrive in order, each followed by a NULL, and the sync last.
+    const int pedidos = depois ? 3 : 2;
+    std::string st = status::Falha, falhaAntes;
+    for (int i = 0; enviado && i < pedidos; ++i) {
+        auto r = Envolve(PQgetResult(conn_));
+        if (r)
+            while (PGresult* resto = PQgetResult(conn_))
+                PQclear(resto);
+        if (i == 1) {
+            st = Le(c, r.get(), tabela, comColunas, msg);
+        } else if (i == 0 && PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
+            falhaAntes = MensagemDe(conn_, r.get());
+        }
+    }
+    if (enviado) {
+        for (PGresult* r; (r = PQgetResult(conn_)) != nullptr;) {
+            const bool sincronizado = PQresultStatus(r) == PGRES_PIPELINE_SYNC;
+            PQclear(r);
+            if (sincronizado) break;
+        }
+    } else {
+        msg = MensagemDe(conn_, nullptr);
+    }
+    if (!PQexitPipelineMode(conn_)) {
+        while (PGresult* r = PQgetResult(conn_))
+            PQclear(r);
+        PQexitPipelineMode(conn_);
+    }
+    if (!falhaAntes.empty()) {
+        msg = falhaAntes;
+        return status::Falha;
+    }
+    return st;
 }
 
 std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valores, TabelaResultado& tabela,
@@ -297,10 +368,9 @@ std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valo
     if (!Disponivel(msg)) return status::Falha;
     if (!emUnidade_) {
         if (!c.altera) return Roda(c, valores, tabela, comColunas, msg);
-        // First change of a unit: when it fails the unit holds nothing else,
-        // so undoing the whole unit is undoing just this statement.
-        if (Simples("BEGIN", msg) != status::Ok) return status::Falha;
-        std::string st = Roda(c, valores, tabela, comColunas, msg);
+        // First change of a unit, sent with its BEGIN: when it fails the unit
+        // holds nothing else, so undoing the whole unit undoes just it.
+        std::string st = RodaEntre("BEGIN", c, valores, nullptr, tabela, comColunas, msg);
         if (st == status::Ok) {
             emUnidade_ = true;
         } else {
@@ -309,11 +379,13 @@ std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valo
         }
         return st;
     }
-    if (Simples("SAVEPOINT zt", msg) != status::Ok) return status::Falha;
-    std::string st = Roda(c, valores, tabela, comColunas, msg);
-    std::string ignora;
-    if (st != status::Ok) Simples("ROLLBACK TO SAVEPOINT zt", ignora);
-    Simples("RELEASE SAVEPOINT zt", ignora);
+    // Inside a unit a failing statement is undone alone, its earlier
+    // changes kept pending.
+    std::string st = RodaEntre("SAVEPOINT zt", c, valores, "RELEASE SAVEPOINT zt", tabela, comColunas, msg);
+    if (st != status::Ok) {
+        std::string ignora;
+        Simples("ROLLBACK TO SAVEPOINT zt; RELEASE SAVEPOINT zt", ignora);
+    }
     return st;
 }
 

@@ -1,4 +1,6 @@
 #pragma once
+#include <atomic>
+#include <cstdint>
 #include <libpq-fe.h>
 
 #include "data/conector_comum.h"
@@ -20,6 +22,9 @@ class ConectorPostgres : public ConectorComum {
     static std::string Numera(const std::string& texto, int& parametros);
     // LIKE as ILIKE outside quoted texts and names.
     static std::string SemCaixaNoLike(const std::string& texto);
+    // Round trips to the server made by every connection of this process
+    // (what a slow store network pays for).
+    static uint64_t IdasEVoltas() { return idasEVoltas_.load(std::memory_order_relaxed); }
 
   protected:
     bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
@@ -34,12 +39,17 @@ class ConectorPostgres : public ConectorComum {
 
   private:
     struct ComandoPg;
+    struct Parametros;
     bool Disponivel(std::string& msg);
     bool PreparaNoServidor(ComandoPg& c, std::string& msg);
     std::string Simples(const char* sql, std::string& msg);
     std::string Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
                      std::string& msg);
+    std::string RodaEntre(const char* antes, ComandoPg& c, const Valor::Lista& valores, const char* depois,
+                          TabelaResultado& tabela, bool comColunas, std::string& msg);
+    std::string Le(ComandoPg& c, const PGresult* r, TabelaResultado& tabela, bool comColunas, std::string& msg);
 
+    static std::atomic<uint64_t> idasEVoltas_;
     PGconn* conn_ = nullptr;
     bool emUnidade_ = false;
     unsigned geracao_ = 0; // bumped on every (re)connection: prepared names are per session
