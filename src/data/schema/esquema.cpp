@@ -67,11 +67,16 @@ const std::vector<Tabela>& Tabelas() {
 
 // Grouping items by company, code and item, equivalences by company, type
 // and code come from the primary keys; these serve the joins by product
-// and by equivalence code without the type.
+// and by equivalence code without the type, and the consultation's listing
+// and name search: every column they read, grouped columns first (the
+// status last, since the listing fixes it), so a listing reads the index
+// alone with no sort.
 const char* const Indices[] = {
     "CREATE INDEX IF NOT EXISTS IX_TBMATEQ_CODEQUIV ON TBMATEQ (Empresa, CodEquiv)",
     "CREATE INDEX IF NOT EXISTS IX_TBMATEQ_CODITEM ON TBMATEQ (Empresa, CodItem)",
     "CREATE INDEX IF NOT EXISTS IX_TBMATAG_CODITEM ON TBMATAG (Empresa, CodItem)",
+    "CREATE INDEX IF NOT EXISTS IX_TBMATAG_LISTA ON TBMATAG (Empresa, Codigo, DscItem, CodItem, Nome, StTr, "
+    "CodEquiv)",
 };
 
 std::string TipoSql(TipoCampo t, Dialeto d) {

@@ -2,7 +2,9 @@
 // the system's own statements with ISNULL and padded texts.
 #include <gtest/gtest.h>
 
+#include "common/conversao.h"
 #include "common/texto.h"
+#include "data/despachante.h"
 #include "data/modules/modulos_teste.h"
 
 using namespace ztolvan;
@@ -47,6 +49,34 @@ TEST_P(Esquema, TodaTabelaTemChavePrimariaEOsItensSaoPorEmpresaDocumentoEItem) {
                  std::runtime_error)
         << "trailing blanks never make a key different";
     db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Item) VALUES (1, 'A', 2)");
+}
+
+// The consultation's listing and name search read an index, no table scan
+// and no sort: ten thousand groupings list in a blink.
+TEST_P(Esquema, AListagemEABuscaPorNomeDoAgrupamentoLeemUmIndice) {
+    const std::string listagem =
+        "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome  From TBMATAG T1  Where T1.Empresa = 1 and "
+        "T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome ";
+    const std::string busca = "SELECT DISTINCT T1.CODIGO, T1.NOME, T1.STTR  FROM TBMATAG T1 WHERE EMPRESA = '1'"
+                              " AND NOME LIKE '%kit%' AND STTR = '0' ORDER BY T1.CODIGO ASC";
+    const bool sqlite = db->kind() == Kind::Sqlite;
+    // The server's planner would rather scan a small table: forbid it, so
+    // the plan tells whether an index can serve the statement at all.
+    if (!sqlite) db->Direto("SET enable_seqscan = off");
+    for (const std::string& sql : {listagem, busca}) {
+        TabelaResultado plano;
+        std::string st, msg;
+        ConectorAtual()->Consulta(c().Conexao, (sqlite ? "EXPLAIN QUERY PLAN " : "EXPLAIN ") + sql, plano, st,
+                                  msg);
+        ASSERT_EQ(st, "00") << msg;
+        std::string texto;
+        for (const auto& l : plano.linhas)
+            texto += CStr(l.back()) + "\n";
+        EXPECT_NE(Maiusculas(texto).find("IX_TBMATAG_LISTA"), std::string::npos) << sql << "\n" << texto;
+        if (sqlite) {
+            EXPECT_EQ(texto.find("TEMP B-TREE FOR GROUP BY"), std::string::npos) << texto;
+        }
+    }
 }
 
 // The server turns ISNULL's '' into the column's type (0); the untyped file
