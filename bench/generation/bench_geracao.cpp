@@ -442,6 +442,14 @@ void Roda(const std::string& banco, const ConfigBanco& config,
             p = std::max(p, ItensPorSegundo(Itens, 1, [&] { piso(k, e, valores, 10 + r * 10 * Itens); }));
         }
         Imprime(std::string("geracao-") + k.origem + "-" + banco, c, p);
+        if (banco == "postgres") {
+            // What a store network pays: every round trip costs its latency.
+            const uint64_t antes = ConectorPostgres::IdasEVoltas();
+            Gera(*janelas, e, Itens);
+            std::printf("idas-e-voltas-geracao-%s-postgres: %.2f per item\n", k.origem,
+                        static_cast<double>(ConectorPostgres::IdasEVoltas() - antes) / Itens);
+            std::fflush(stdout);
+        }
 
         const auto [extra1, pico1] = Memoria(config, *janelas, "CARGA", Itens, 3);
         const auto [extra10, pico10] = Memoria(config, *janelas, "CARGA10K", ItensGrande, 4);
