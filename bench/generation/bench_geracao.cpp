@@ -27,6 +27,7 @@
 #include "entry/sessao.h"
 #include "generation/geracao.h"
 #include "medida.h"
+#include "rele_latencia.h"
 #include "screens/auxiliary/tolvanf05.h"
 #include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
@@ -417,6 +418,32 @@ void PisoPostgres(PGconn* c, const Caso& k, const Entrada& e, const std::vector<
 
 // ---------------------------------------------------------------- cases
 
+// The sales-order generation again, component and floor both through a relay
+// that holds every packet 0.5 ms each way: a store network's 1 ms round trip.
+void ComLatencia(const ConfigBanco& config, JanelasModelo& janelas, Entrada& e,
+                 const std::function<void(PGconn*)>& piso) {
+    Pg pg;
+    const auto dois = pg.servidor.rfind(':');
+    ReleLatencia rele(pg.servidor.substr(0, dois), std::stoi(pg.servidor.substr(dois + 1)),
+                      std::chrono::microseconds(500));
+    const std::string porRele = "127.0.0.1:" + std::to_string(rele.Porta());
+    pg.servidor = porRele;
+    PGconn* c = PQconnectdb(pg.ConnInfo().c_str());
+    if (PQstatus(c) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(c));
+    FechaConexao();
+    if (!AbreComponente(porRele, config.Banco, config.USUARIO, config.Senha))
+        throw std::runtime_error(ComunicaAtual().Msg);
+    ZeraCursoresModulos();
+    const double comp = ItensPorSegundo(Itens, 1, [&] { Gera(janelas, e, Itens); });
+    const double floor = ItensPorSegundo(Itens, 1, [&] { piso(c); });
+    PQfinish(c);
+    Imprime("geracao-V-postgres-1ms", comp, floor);
+    FechaConexao();
+    if (!AbreComponente(config.Servidor, config.Banco, config.USUARIO, config.Senha))
+        throw std::runtime_error(ComunicaAtual().Msg);
+    ZeraCursoresModulos();
+}
+
 template <class Piso, class Valores>
 void Roda(const std::string& banco, const ConfigBanco& config,
           const std::function<void(const std::string&)>& exec, Valores valoresDo, Piso piso) {
@@ -439,7 +466,8 @@ void Roda(const std::string& banco, const ConfigBanco& config,
         double c = 0, p = 0;
         for (int r = 0; r < Rodadas; ++r) {
             c = std::max(c, ItensPorSegundo(Itens, 1, [&] { Gera(*janelas, e, Itens); }));
-            p = std::max(p, ItensPorSegundo(Itens, 1, [&] { piso(k, e, valores, 10 + r * 10 * Itens); }));
+            p = std::max(p,
+                         ItensPorSegundo(Itens, 1, [&] { piso(k, e, valores, 10 + r * 10 * Itens, nullptr); }));
         }
         Imprime(std::string("geracao-") + k.origem + "-" + banco, c, p);
         if (banco == "postgres") {
@@ -449,6 +477,9 @@ void Roda(const std::string& banco, const ConfigBanco& config,
             std::printf("idas-e-voltas-geracao-%s-postgres: %.2f per item\n", k.origem,
                         static_cast<double>(ConectorPostgres::IdasEVoltas() - antes) / Itens);
             std::fflush(stdout);
+            if (k.origem == std::string("V")) ComLatencia(config, *janelas, e, [&](PGconn* rele) {
+                piso(k, e, valores, 10 + Rodadas * 10 * Itens, rele);
+            });
         }
 
         const auto [extra1, pico1] = Memoria(config, *janelas, "CARGA", Itens, 3);
@@ -468,7 +499,7 @@ void CasoSqlite() {
     Roda(
         "sqlite", ConfigBanco{"ACCESS", banco.Arquivo(), "", ""}, exec,
         [&](const Caso& k) { return ValoresSq(banco.db, k); },
-        [&](const Caso& k, const Entrada& e, const ValoresSq& v, int base) {
+        [&](const Caso& k, const Entrada& e, const ValoresSq& v, int base, PGconn*) {
             PisoSqlite(banco.db, k, e, v, base);
         });
 }
@@ -484,9 +515,8 @@ void CasoPostgres() {
     Roda(
         "postgres", ConfigBanco{pg.servidor, pg.banco, pg.usuario, pg.senha}, exec,
         [&](const Caso& k) { return ValoresPg(banco.c, k); },
-        [&](const Caso& k, const Entrada& e, const std::vector<std::vector<std::string>>& v, int base) {
-            PisoPostgres(banco.c, k, e, v, base);
-        });
+        [&](const Caso& k, const Entrada& e, const std::vector<std::vector<std::string>>& v, int base,
+            PGconn* rele) { PisoPostgres(rele ? rele : banco.c, k, e, v, base); });
 }
 
 } // namespace
