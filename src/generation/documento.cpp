@@ -1,6 +1,8 @@
 // Store document (origin "D"): the marked rows become TBDOCIT items of the
 // host's open document, priced by the document type, taxed, with margin and
 // IPI, and their quantities blocked in stock when the type says so.
+#include <optional>
+
 #include "common/conversao.h"
 #include "common/texto.h"
 #include "data/comunica.h"
@@ -120,6 +122,8 @@ void GeraDocumento(TelaGeracao& t) {
         // A first character of CTAIR that is not a digit does not read as 1.
         const bool usaPrecoItem4 = Val(Esquerda(tp.CTAIR.str(), 1)) == 1;
         const std::string prefixo = PrefixoAgrupamento(t);
+        // The document's seller and representative: their rates are read once.
+        std::optional<double> comissVnd, comissRep;
         const int n = t.GCon1.Rows() - 1;
         for (int r = 1; r <= n; ++r) {
             linha = 30;
@@ -165,18 +169,24 @@ void GeraDocumento(TelaGeracao& t) {
                     it.ComissVnd = 0;
                     it.ComissRep = 0;
                     if (cab.Vendedor != 0) {
-                        ChaveMTBVEN().EMPRESA = s.Empresa;
-                        ChaveMTBVEN().CODVEND = cab.Vendedor;
-                        A_MTBVEN().Funcao = "FSEL001";
-                        A_MTBVEN().Transacao = "REQUERY";
-                        it.ComissVnd = Comissao(&MTBVEN, A_MTBVEN().PERCOMIS);
+                        if (!comissVnd) {
+                            ChaveMTBVEN().EMPRESA = s.Empresa;
+                            ChaveMTBVEN().CODVEND = cab.Vendedor;
+                            A_MTBVEN().Funcao = "FSEL001";
+                            A_MTBVEN().Transacao = "REQUERY";
+                            comissVnd = Comissao(&MTBVEN, A_MTBVEN().PERCOMIS);
+                        }
+                        it.ComissVnd = *comissVnd;
                     }
                     if (cab.CodRep != 0) {
-                        ChaveMTBREP().EMPRESA = s.Empresa;
-                        ChaveMTBREP().CODREPCOM = cab.CodRep;
-                        A_MTBREP().Funcao = "FSEL017";
-                        A_MTBREP().Transacao = "REQUERY";
-                        it.ComissRep = Comissao(&MTBREP, A_MTBREP().PERCOMIS);
+                        if (!comissRep) {
+                            ChaveMTBREP().EMPRESA = s.Empresa;
+                            ChaveMTBREP().CODREPCOM = cab.CodRep;
+                            A_MTBREP().Funcao = "FSEL017";
+                            A_MTBREP().Transacao = "REQUERY";
+                            comissRep = Comissao(&MTBREP, A_MTBREP().PERCOMIS);
+                        }
+                        it.ComissRep = *comissRep;
                     }
                 }
             }

@@ -1,5 +1,7 @@
 // Sales order (origin "V"): the marked rows become TBPEVIT items of the
 // host's open order, at the price the grid shows.
+#include <optional>
+
 #include "common/conversao.h"
 #include "common/formato.h"
 #include "common/mensagens.h"
@@ -130,6 +132,8 @@ void GeraVenda(TelaGeracao& t) {
 
         const std::string prefixo = PrefixoAgrupamento(t);
         std::string natOperLembrada;
+        // The order's seller and representative: their rates are read once.
+        std::optional<double> comissVnd, comissRep;
         const int n = t.GCon1.Rows() - 1;
         for (int r = 1; r <= n; ++r) {
             linha = 40;
@@ -183,8 +187,10 @@ void GeraVenda(TelaGeracao& t) {
             if (mat.PerComis > 0) {
                 it.ComissVnd = it.ComissRep = mat.PerComis;
             } else {
-                it.ComissVnd = ComissaoVendedor(cab.CodVendedor);
-                it.ComissRep = ComissaoRepresentante(cab.CodRep);
+                if (!comissVnd) comissVnd = ComissaoVendedor(cab.CodVendedor);
+                if (!comissRep) comissRep = ComissaoRepresentante(cab.CodRep);
+                it.ComissVnd = *comissVnd;
+                it.ComissRep = *comissRep;
             }
             it.GrpMat = eq.GrpItem;
             it.ValTotal = SemEstouro(it.QtdMat * it.ValUnit);
