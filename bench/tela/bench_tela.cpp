@@ -1,9 +1,12 @@
 // The consultation screen on large data, headless through its model: the
 // start-up listing of 10,000 groupings of 5 items each, and the load of one
-// grouping of 2,000 items, against the same statements stepped straight
-// through sqlite3 with every column read.
+// grouping of 2,000 items, against the same statements run straight through
+// sqlite3 or libpq with every column read, on both databases.
 #include <algorithm>
+#include <functional>
+#include <libpq-fe.h>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
 #include <sqlite3.h>
 #include <stdexcept>
@@ -15,6 +18,7 @@
 #include "data/comunica.h"
 #include "data/despachante.h"
 #include "data/schema/esquema.h"
+#include "data/sqlite/conector_sqlite.h"
 #include "entry/sessao.h"
 #include "medida.h"
 #include "screens/consultation/tolvanf01.h"
@@ -35,42 +39,41 @@ constexpr int ItensPorAgrupamento = 5;
 constexpr int ItensGrande = 2000;
 constexpr int Rodadas = 9;
 
-void Semeia(sqlite3* db) {
-    ExecSqlite(db, "BEGIN");
-    sqlite3_stmt* ag = nullptr;
-    sqlite3_prepare_v2(db,
-                       "INSERT INTO TBMATAG (EMPRESA, CODIGO, NOME, CODITEM, CODEQUIV, DSCITEM, ITEM, STTR, TIPO, QTD, "
-                       "VALOR, RAZFORNEC) VALUES (1, ?, ?, ?, ?, ?, ?, 0, 1, 2, 3.5, 'FORNECEDOR')",
-                       -1, &ag, nullptr);
-    auto grava = [&](const std::string& codigo, int item) {
-        const std::string prod = std::to_string(100000 + item);
-        sqlite3_bind_text(ag, 1, codigo.c_str(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_text(ag, 2, ("Agrupamento " + codigo).c_str(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_text(ag, 3, prod.c_str(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_text(ag, 4, prod.c_str(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_text(ag, 5, ("Produto " + prod).c_str(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_int(ag, 6, item);
-        if (sqlite3_step(ag) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db));
-        sqlite3_reset(ag);
-    };
-    char codigo[24];
-    for (int g = 0; g < Agrupamentos; ++g) {
-        std::snprintf(codigo, sizeof codigo, "AG%06d", g);
-        for (int i = 0; i < ItensPorAgrupamento; ++i)
-            grava(codigo, g * ItensPorAgrupamento + i);
-    }
-    for (int i = 0; i < ItensGrande; ++i)
-        grava("GRANDE", 900000 + i);
-    sqlite3_finalize(ag);
-    ExecSqlite(db, "INSERT INTO TBMAT (Empresa, CodItem, DscItem, Embal) SELECT 1, CODITEM, DSCITEM, 'UN' FROM "
-                   "TBMATAG WHERE CODIGO = 'GRANDE'");
-    ExecSqlite(db, "INSERT INTO TBMATEQ (EMPRESA, CODEQUIV, CODITEM, TIPO, DISPON, CODREF) SELECT 1, CODEQUIV, "
-                   "CODITEM, 1, 0, 'REF' FROM TBMATAG WHERE CODIGO = 'GRANDE'");
-    ExecSqlite(db, "COMMIT");
+// The same rows on either database, written by set statements: groupings
+// AG000000.. of 5 items, and GRANDE with its products and equivalences.
+void Semeia(const std::function<void(const std::string&)>& exec, bool sqlite) {
+    const std::string serie = sqlite ? "WITH RECURSIVE s(g) AS (SELECT 0 UNION ALL SELECT g + 1 FROM s WHERE g < " +
+                                           std::to_string(Agrupamentos * ItensPorAgrupamento - 1) + ") "
+                                     : "";
+    const std::string de = sqlite ? " FROM s" : " FROM generate_series(0, " +
+                                                   std::to_string(Agrupamentos * ItensPorAgrupamento - 1) + ") s(g)";
+    const std::string pad = sqlite ? "printf('%06d', g / " + std::to_string(ItensPorAgrupamento) + ")"
+                                   : "lpad((g / " + std::to_string(ItensPorAgrupamento) + ")::text, 6, '0')";
+    const std::string texto = sqlite ? "CAST(100000 + g AS TEXT)" : "(100000 + g)::text";
+    exec("BEGIN");
+    exec("INSERT INTO TBMATAG (EMPRESA, CODIGO, NOME, CODITEM, CODEQUIV, DSCITEM, ITEM, STTR, TIPO, QTD, VALOR, "
+         "RAZFORNEC) " + serie + "SELECT 1, 'AG' || " + pad + ", 'Agrupamento AG' || " + pad + ", " + texto +
+         ", " + texto + ", 'Produto ' || " + texto + ", g, 0, 1, 2, 3.5, 'FORNECEDOR'" + de);
+    const std::string grande = sqlite ? "WITH RECURSIVE s(g) AS (SELECT 0 UNION ALL SELECT g + 1 FROM s WHERE g < " +
+                                            std::to_string(ItensGrande - 1) + ") "
+                                      : "";
+    const std::string deGrande =
+        sqlite ? " FROM s" : " FROM generate_series(0, " + std::to_string(ItensGrande - 1) + ") s(g)";
+    const std::string textoGrande = sqlite ? "CAST(1000000 + g AS TEXT)" : "(1000000 + g)::text";
+    exec("INSERT INTO TBMATAG (EMPRESA, CODIGO, NOME, CODITEM, CODEQUIV, DSCITEM, ITEM, STTR, TIPO, QTD, VALOR, "
+         "RAZFORNEC) " + grande + "SELECT 1, 'GRANDE', 'Agrupamento GRANDE', " + textoGrande + ", " + textoGrande +
+         ", 'Produto ' || " + textoGrande + ", 900000 + g, 0, 1, 2, 3.5, 'FORNECEDOR'" + deGrande);
+    exec("INSERT INTO TBMAT (Empresa, CodItem, DscItem, Embal) SELECT 1, CODITEM, DSCITEM, 'UN' FROM "
+         "TBMATAG WHERE CODIGO = 'GRANDE'");
+    exec("INSERT INTO TBMATEQ (EMPRESA, CODEQUIV, CODITEM, TIPO, DISPON, CODREF) SELECT 1, CODEQUIV, "
+         "CODITEM, 1, '0', 'REF' FROM TBMATAG WHERE CODIGO = 'GRANDE'");
+    exec("COMMIT");
+    exec(sqlite ? "ANALYZE" : "ANALYZE TBMATAG");
 }
 
-// Steps a statement through sqlite3 reading every column; the rows read.
-int Passo(sqlite3* db, const std::string& sql) {
+// Steps a statement straight through sqlite3, every column's text read;
+// the rows read.
+int PassoSqlite(sqlite3* db, const std::string& sql) {
     sqlite3_stmt* st = nullptr;
     if (sqlite3_prepare_v2(db, sql.c_str(), -1, &st, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(db));
@@ -84,6 +87,23 @@ int Passo(sqlite3* db, const std::string& sql) {
         ++linhas;
     }
     sqlite3_finalize(st);
+    return bytes > 0 ? linhas : 0;
+}
+
+// The same through libpq: the whole result, every value touched.
+int PassoPg(PGconn* c, const std::string& sql) {
+    PGresult* r = PQexec(c, sql.c_str());
+    if (PQresultStatus(r) != PGRES_TUPLES_OK) {
+        const std::string m = PQresultErrorMessage(r);
+        PQclear(r);
+        throw std::runtime_error(m);
+    }
+    const int linhas = PQntuples(r), colunas = PQnfields(r);
+    size_t bytes = 0;
+    for (int i = 0; i < linhas; ++i)
+        for (int j = 0; j < colunas; ++j)
+            bytes += static_cast<size_t>(PQgetlength(r, i, j));
+    PQclear(r);
     return bytes > 0 ? linhas : 0;
 }
 
@@ -107,6 +127,107 @@ const char* Listagem = "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.No
                        "T1.Empresa = 1 and T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, T1.DscItem, "
                        "T1.StTr, T1.CodItem, T1.Nome ";
 
+// The consultation's start-up and large load on the connected database,
+// each against its statement run raw through 'passo'.
+void Mede(const std::string& banco, const std::function<int(const std::string&)>& passo) {
+    PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
+    PortasAtuais().telas = std::make_shared<JanelasModelo>();
+    Sessao& s = SessaoAtual();
+    s.Empresa = s.EmpresaConsulta = 1;
+    s.Operador = "BENCH";
+    s.Origem = s.OrigemTrim = "V";
+    s.OrigemDocumento = true;
+    s.TipoPreco = "1";
+
+    // Start-up lists the groupings twice, as the screen does: once when
+    // the search kind is set to "Selecione..." and once more itself.
+    TolvanF01 tela;
+    const double inicio = Ms([&] {
+        tela.Carrega();
+        if (tela.MSFGAgrupamento.Rows() != Agrupamentos + 2) throw std::runtime_error("listagem incompleta");
+        tela.Unload();
+    });
+    const double pisoInicio = Ms([&] {
+        if (passo(Listagem) + passo(Listagem) == 0) throw std::runtime_error("sem linhas");
+    });
+    Linha(("tela-inicio-" + banco).c_str(), inicio, pisoInicio);
+
+    tela.Carrega();
+    int linhaGrande = 0;
+    for (int r = 1; r < tela.MSFGAgrupamento.Rows(); ++r)
+        if (tela.MSFGAgrupamento.TextMatrix(r, 0).starts_with("GRANDE")) linhaGrande = r;
+    const double carga = Ms([&] {
+        tela.MSFGAgrupamento.DefineRow(linhaGrande);
+        tela.sbPesquisaProdutos();
+        if (tela.GCon1.Rows() != ItensGrande + 1) throw std::runtime_error("itens incompletos");
+    });
+    // The item statement as the screen sends it (the file database's
+    // connector turns ISNULL into IFNULL; the server has ISNULL).
+    const std::string sqlItens =
+        "SELECT DISTINCT ISNULL(T2.DscItem,'PRODUTO NÃO CADASTRADO PARA ESTA EMPRESA') AS DscItem ,  "
+        "ISNULL(T3.DISPON, '0') AS DISPON,  T1.RAZFORNEC , T1.QTD, T1.VALOR, ISNULL(T2.Embal, '') AS Embal,  "
+        "ISNULL(T2.CodItem, '') AS CodItem,  ISNULL(T3.CODREF , '') AS CODREF,  ISNULL(T3.CODEQUIV, '') AS "
+        "CODEQUIV,  ISNULL(T1.TIPO, '') AS TIPO FROM TBMATAG T1 LEFT JOIN TBMAT T2 ON (T1.EMPRESA = T2.EMPRESA "
+        "AND T1.CODITEM = T2.CODITEM) LEFT JOIN TBMATEQ T3 ON (T1.EMPRESA = T3.EMPRESA AND T1.CODITEM = "
+        "T3.CODITEM AND T1.CODEQUIV = T3.CODEQUIV AND T3.TIPO = 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = "
+        "'GRANDE' AND T1.EMPRESA = '1'";
+    const std::string sqlPiso = banco == "sqlite" ? ConectorSqlite::TraduzDialeto(sqlItens) : sqlItens;
+    const double pisoCarga = Ms([&] {
+        if (passo(sqlPiso) != ItensGrande) throw std::runtime_error("piso sem itens");
+    });
+    Linha(("tela-itens-" + banco).c_str(), carga, pisoCarga);
+    tela.Unload();
+#ifdef ZTOLVAN_BENCH_QT
+    // The same operator actions with the Qt view showing the screen.
+    const double inicioQt = Ms([&] {
+        tela.Carrega();
+        VisaoTela v(tela);
+        v.show();
+        QCoreApplication::processEvents();
+        tela.Unload();
+    });
+    Linha(("tela-inicio-qt-" + banco).c_str(), inicioQt, pisoInicio);
+    tela.Carrega();
+    VisaoTela visao(tela);
+    visao.show();
+    QCoreApplication::processEvents();
+    const double cargaQt = Ms([&] {
+        tela.MSFGAgrupamento.DefineRow(linhaGrande);
+        tela.sbPesquisaProdutos();
+        visao.Sincroniza();
+        QCoreApplication::processEvents();
+    });
+    Linha(("tela-itens-qt-" + banco).c_str(), cargaQt, pisoCarga);
+    tela.Unload();
+#endif
+}
+
+void CasoSqlite() {
+    SqliteBench base;
+    if (!AbreComponente("ACCESS", base.Arquivo())) throw std::runtime_error(ComunicaAtual().Msg);
+    std::string msg;
+    if (!CriaEsquema(msg)) throw std::runtime_error(msg);
+    Semeia([&](const std::string& sql) { ExecSqlite(base.db, sql); }, true);
+    Mede("sqlite", [&](const std::string& sql) { return PassoSqlite(base.db, sql); });
+    FechaConexao();
+}
+
+void CasoPostgres() {
+    PgBench banco("zt_bench_tela_");
+    if (!banco.Pronto()) {
+        std::printf("tela-postgres: skipped (ZTOLVAN_PG_SERVIDOR not set)\n");
+        return;
+    }
+    if (!banco.AbreComponente()) throw std::runtime_error(ComunicaAtual().Msg);
+    std::string msg;
+    if (!CriaEsquema(msg)) throw std::runtime_error(msg);
+    Semeia([&](const std::string& sql) { ExecPg(banco.c, sql); }, false);
+    // The floor's session plans as the component's does.
+    ExecPg(banco.c, "SET enable_hashagg = off");
+    Mede("postgres", [&](const std::string& sql) { return PassoPg(banco.c, sql); });
+    FechaConexao();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -114,91 +235,11 @@ int main(int argc, char** argv) {
     // The view is measured offscreen: the same widgets, no display needed.
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     QApplication app(argc, argv);
+    // Qt took the desktop's locale: the figures print the same everywhere.
+    setlocale(LC_NUMERIC, "C");
 #else
     (void)argc;
     (void)argv;
 #endif
-    try {
-        SqliteBench base;
-        if (!AbreComponente("ACCESS", base.Arquivo())) throw std::runtime_error(ComunicaAtual().Msg);
-        std::string msg;
-        if (!CriaEsquema(msg)) throw std::runtime_error(msg);
-        Semeia(base.db);
-        PortasAtuais().mensagens = std::make_shared<MensagensGravadas>();
-        PortasAtuais().telas = std::make_shared<JanelasModelo>();
-        Sessao& s = SessaoAtual();
-        s.Empresa = s.EmpresaConsulta = 1;
-        s.Operador = "BENCH";
-        s.Origem = s.OrigemTrim = "V";
-        s.OrigemDocumento = true;
-        s.TipoPreco = "1";
-
-        // Start-up lists the groupings twice, as the screen does: once when
-        // the search kind is set to "Selecione..." and once more itself.
-        TolvanF01 tela;
-        const double inicio = Ms([&] {
-            tela.Carrega();
-            if (tela.MSFGAgrupamento.Rows() != Agrupamentos + 2) throw std::runtime_error("listagem incompleta");
-            tela.Unload();
-        });
-        const double pisoInicio = Ms([&] {
-            if (Passo(base.db, Listagem) + Passo(base.db, Listagem) == 0) throw std::runtime_error("sem linhas");
-        });
-        Linha("tela-inicio", inicio, pisoInicio);
-
-        std::string itens;
-        tela.Carrega();
-        int linhaGrande = 0;
-        for (int r = 1; r < tela.MSFGAgrupamento.Rows(); ++r)
-            if (tela.MSFGAgrupamento.TextMatrix(r, 0).starts_with("GRANDE")) linhaGrande = r;
-        const double carga = Ms([&] {
-            tela.MSFGAgrupamento.DefineRow(linhaGrande);
-            tela.sbPesquisaProdutos();
-            if (tela.GCon1.Rows() != ItensGrande + 1) throw std::runtime_error("itens incompletos");
-        });
-        const std::string sqlItens = [&] {
-            // The item statement exactly as the screen sends it, read back through a recording of one load.
-            return std::string("SELECT DISTINCT IFNULL(T2.DscItem,'PRODUTO NÃO CADASTRADO PARA ESTA EMPRESA') AS "
-                               "DscItem ,  IFNULL(T3.DISPON, '0') AS DISPON,  T1.RAZFORNEC , T1.QTD, T1.VALOR, "
-                               "IFNULL(T2.Embal, '') AS Embal,  IFNULL(T2.CodItem, '') AS CodItem,  "
-                               "IFNULL(T3.CODREF , '') AS CODREF,  IFNULL(T3.CODEQUIV, '') AS CODEQUIV,  "
-                               "IFNULL(T1.TIPO, '') AS TIPO FROM TBMATAG T1 LEFT JOIN TBMAT T2 ON (T1.EMPRESA = "
-                               "T2.EMPRESA AND T1.CODITEM = T2.CODITEM) LEFT JOIN TBMATEQ T3 ON (T1.EMPRESA = "
-                               "T3.EMPRESA AND T1.CODITEM = T3.CODITEM AND T1.CODEQUIV = T3.CODEQUIV AND T3.TIPO "
-                               "= 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = 'GRANDE' AND T1.EMPRESA = '1'");
-        }();
-        const double pisoCarga = Ms([&] {
-            if (Passo(base.db, sqlItens) != ItensGrande) throw std::runtime_error("piso sem itens");
-        });
-        Linha("tela-itens", carga, pisoCarga);
-        tela.Unload();
-#ifdef ZTOLVAN_BENCH_QT
-        // The same operator actions with the Qt view showing the screen.
-        const double inicioQt = Ms([&] {
-            tela.Carrega();
-            VisaoTela v(tela);
-            v.show();
-            QCoreApplication::processEvents();
-            tela.Unload();
-        });
-        Linha("tela-inicio-qt", inicioQt, pisoInicio);
-        tela.Carrega();
-        VisaoTela visao(tela);
-        visao.show();
-        QCoreApplication::processEvents();
-        const double cargaQt = Ms([&] {
-            tela.MSFGAgrupamento.DefineRow(linhaGrande);
-            tela.sbPesquisaProdutos();
-            visao.Sincroniza();
-            QCoreApplication::processEvents();
-        });
-        Linha("tela-itens-qt", cargaQt, pisoCarga);
-        tela.Unload();
-#endif
-        FechaConexao();
-        return 0;
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "ztolvan_bench_tela: %s\n", e.what());
-        return 1;
-    }
+    return Principal(CasoSqlite, CasoPostgres);
 }

@@ -3,6 +3,8 @@
 // system; statements checked as sent.
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "common/conversao.h"
 #include "common/formato.h"
 #include "common/portas.h"
@@ -198,6 +200,27 @@ TEST_P(Consulta, InicioPorModoListaOsAgrupamentosComOsComandosDoModo) {
         EXPECT_TRUE(f.NoTopo);
     });
     EXPECT_EQ(janelas->Conta("NoTopo"), 1u);
+}
+
+// The listing takes a grouping's rows as they come, one after another: with
+// enough groupings for the server to group by hashing, they must still come
+// in code order, or a grouping shows twice.
+TEST_P(Consulta, ListagemGrandeMostraCadaAgrupamentoUmaVezEmOrdem) {
+    std::ostringstream sql;
+    sql << "INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, STTR) VALUES ";
+    for (int i = 0; i < 1200; ++i) {
+        const int g = 500 + (i * 7919) % 400; // scattered, 3 items each
+        sql << (i ? ", " : "") << "(1, '" << g << "', 'Carga " << g << "', " << i + 1 << ", '" << 1001 + i % 63
+            << "', 'Produto " << i << "', 'x', 0)";
+    }
+    db->Direto(sql.str());
+    db->Direto(db->kind() == Kind::Sqlite ? "ANALYZE" : "ANALYZE TBMATAG");
+    Abre("V", [&](TolvanF01& f) {
+        const auto codigos = Codigos(f.MSFGAgrupamento);
+        EXPECT_EQ(codigos.size(), 11u + 400u);
+        EXPECT_TRUE(std::is_sorted(codigos.begin(), codigos.end()));
+        EXPECT_EQ(std::adjacent_find(codigos.begin(), codigos.end()), codigos.end());
+    });
 }
 
 TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {

@@ -179,6 +179,10 @@ bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& B
     // Server notices (a cascade, an implicit index) are not the operator's business.
     PQsetNoticeProcessor(
         conn_, [](void*, const char*) {}, nullptr);
+    if (!AjustaSessao(msg)) {
+        Desconecta();
+        return false;
+    }
     ++geracao_;
     emUnidade_ = false;
     return true;
@@ -201,7 +205,14 @@ bool ConectorPostgres::Disponivel(std::string& msg) {
         return false;
     }
     ++geracao_;
-    return true;
+    return AjustaSessao(msg);
+}
+
+// The system's listings read a GROUP BY's or DISTINCT's rows as runs of
+// equal keys, as the suite's server hands them. Grouping by hashing would
+// scatter a key's rows once a table is large enough.
+bool ConectorPostgres::AjustaSessao(std::string& msg) {
+    return Simples("SET enable_hashagg = off", msg) == status::Ok;
 }
 
 std::string ConectorPostgres::Simples(const char* sql, std::string& msg) {

@@ -41,6 +41,7 @@ class ConectorPostgres : public ConectorComum {
     struct ComandoPg;
     struct Parametros;
     bool Disponivel(std::string& msg);
+    bool AjustaSessao(std::string& msg);
     bool PreparaNoServidor(ComandoPg& c, std::string& msg);
     std::string Simples(const char* sql, std::string& msg);
     std::string Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
