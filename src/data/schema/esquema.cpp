@@ -2,6 +2,7 @@
 
 #include "data/seguranca/seguranca_banco.h"
 
+#include "common/conversao.h"
 #include "data/comunica.h"
 #include "data/despachante.h"
 #include "data/modules/registros.h"
@@ -79,32 +80,38 @@ const char* const Indices[] = {
     "CodEquiv)",
 };
 
-std::string TipoSql(TipoCampo t, Dialeto d) {
+// A column's type. The file database's tables are STRICT, and its integer
+// columns are held to their width, so that both databases refuse the same
+// values when they are written ('abc' or 40000 in a 16-bit column).
+std::string TipoSql(std::string_view nome, TipoCampo t, Dialeto d) {
+    const bool sqlite = d == Dialeto::Sqlite;
+    const std::string coluna(nome);
     switch (t) {
     case TipoCampo::Int16:
-        return "SMALLINT DEFAULT 0";
+        return sqlite ? "INTEGER DEFAULT 0 CHECK (" + coluna + " BETWEEN -32768 AND 32767)" : "SMALLINT DEFAULT 0";
     case TipoCampo::Int32:
-        return "INTEGER DEFAULT 0";
+        return sqlite ? "INTEGER DEFAULT 0 CHECK (" + coluna + " BETWEEN -2147483648 AND 2147483647)"
+                      : "INTEGER DEFAULT 0";
     case TipoCampo::Duplo:
-        return "DOUBLE PRECISION DEFAULT 0";
+        return sqlite ? "REAL DEFAULT 0" : "DOUBLE PRECISION DEFAULT 0";
     case TipoCampo::Texto:
         break;
     }
     // Widths are the records' business: the database keeps what it is given
     // and a longer text is cut when a record reads it.
-    return d == Dialeto::Sqlite ? "TEXT COLLATE RTRIM DEFAULT ''" : "BPCHAR DEFAULT ''";
+    return sqlite ? "TEXT COLLATE RTRIM DEFAULT ''" : "BPCHAR DEFAULT ''";
 }
 
-std::string CreateTable(const Tabela& t, Dialeto d) {
-    std::string s = "CREATE TABLE IF NOT EXISTS " + std::string(t.nome) + " (";
+std::string CreateTable(const Tabela& t, Dialeto d, const std::string& nome) {
+    std::string s = "CREATE TABLE IF NOT EXISTS " + nome + " (";
     bool primeira = true;
-    auto poe = [&](std::string_view nome, TipoCampo tipo) {
+    auto poe = [&](std::string_view coluna, TipoCampo tipo) {
         if (!primeira) s += ", ";
         primeira = false;
-        s += nome;
-        s += " " + TipoSql(tipo, d);
+        s += coluna;
+        s += " " + TipoSql(coluna, tipo, d);
         for (const char* k : t.chave)
-            if (IguaisSemCaixa(k, nome)) s += " NOT NULL";
+            if (IguaisSemCaixa(k, coluna)) s += " NOT NULL";
     };
     for (const auto& c : t.proprias)
         poe(c.nome, c.tipo);
@@ -114,7 +121,60 @@ std::string CreateTable(const Tabela& t, Dialeto d) {
     s += ", PRIMARY KEY (";
     for (size_t i = 0; i < t.chave.size(); ++i)
         s += (i ? ", " : "") + std::string(t.chave[i]);
-    return s + "))";
+    return s + "))" + (d == Dialeto::Sqlite ? " STRICT" : "");
+}
+
+std::string CreateTable(const Tabela& t, Dialeto d) { return CreateTable(t, d, t.nome); }
+
+// Rows of a statement over the thread's connection; false with msg.
+bool Linhas(const std::string& sql, TabelaResultado& r, std::string& msg) {
+    std::string st;
+    ConectorAtual()->Consulta(ComunicaAtual().Conexao, sql, r, st, msg);
+    return st == status::Ok || st == status::SemLinha;
+}
+
+// A file made before its tables were STRICT gets them rebuilt, rows and all,
+// inside the caller's unit. A row the new table refuses is never dropped:
+// every such row is listed in msg and nothing is changed.
+bool TornaEstritas(std::string& msg) {
+    std::vector<std::string> recusadas;
+    for (const Tabela& t : Tabelas()) {
+        TabelaResultado r;
+        if (!Linhas(std::string("SELECT strict FROM pragma_table_list WHERE name = '") + t.nome + "' COLLATE NOCASE",
+                    r, msg))
+            return false;
+        if (r.linhas.empty() || CInt(r.linhas[0][0]) != 0) continue;
+        const std::string nova = std::string(t.nome) + "_ESTRITA";
+        if (!ExecutaTexto(CreateTable(t, Dialeto::Sqlite, nova), msg)) return false;
+        std::string colunas;
+        for (const auto& c : t.proprias)
+            colunas += (colunas.empty() ? "" : ", ") + std::string(c.nome);
+        if (t.registro)
+            for (const auto& c : t.registro().colunas)
+                colunas += (colunas.empty() ? "" : ", ") + std::string(c.nome);
+        const std::string copia = "INSERT INTO " + nova + " (" + colunas + ") SELECT " + colunas + " FROM " + t.nome;
+        std::string erro;
+        if (!ExecutaTexto(copia, erro)) {
+            // Which rows: each one alone, to name them all.
+            TabelaResultado ids;
+            if (!Linhas(std::string("SELECT rowid FROM ") + t.nome + " ORDER BY rowid", ids, msg)) return false;
+            for (const auto& l : ids.linhas) {
+                const std::string id = CStr(l[0]);
+                if (!ExecutaTexto(copia + " WHERE rowid = " + id, erro))
+                    recusadas.push_back(std::string(t.nome) + " linha " + id + ": " + ComunicaAtual().Msg);
+            }
+        }
+        if (!ExecutaTexto("DROP TABLE " + std::string(t.nome), msg) ||
+            !ExecutaTexto("ALTER TABLE " + nova + " RENAME TO " + t.nome, msg))
+            return false;
+    }
+    if (recusadas.empty()) return true;
+    msg = "Linhas que o novo esquema recusa (nada foi alterado; corrija-as e rode de novo):";
+    for (const auto& r : recusadas)
+        msg += "\n  " + r;
+    ComunicaAtual().Status = status::Falha;
+    ComunicaAtual().Msg = msg;
+    return false;
 }
 
 // ISNULL(a, b) as the suite's server has it: the type of a, b when a is
@@ -162,6 +222,7 @@ const std::vector<std::string>& TextosEsquema(Dialeto d) {
 bool CriaEsquema(std::string& msg) {
     Dialeto d;
     if (!DialetoAtual(d, msg)) return false;
+    if (d == Dialeto::Sqlite && !TornaEstritas(msg)) return Desfaz();
     for (const std::string& s : TextosEsquema(d))
         if (!ExecutaTexto(s, msg)) return Desfaz();
     return Confirma(msg);

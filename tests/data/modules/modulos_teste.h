@@ -40,6 +40,14 @@ class ComEsquema : public SobreOsDoisBancos {
         return c().Status == "00" ? c().Retorno[0] : Valor();
     }
 
+    // A table as a file made before the tables were STRICT holds it: same
+    // columns and rows, any value accepted (file database only).
+    void TabelaAntiga(const std::string& t) {
+        db->Direto("CREATE TABLE " + t + "_ANTIGA AS SELECT * FROM " + t);
+        db->Direto("DROP TABLE " + t);
+        db->Direto("ALTER TABLE " + t + "_ANTIGA RENAME TO " + t);
+    }
+
     ConectorGravador* gravador = nullptr;
 };
 

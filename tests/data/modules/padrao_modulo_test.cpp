@@ -122,10 +122,26 @@ ZTOLVAN_NOS_DOIS_BANCOS(PadraoModulo);
 // take any value), so these run there.
 class LinhaQueNaoCabe : public PadraoModulo {};
 
+// Both databases refuse at the write a value its record could not hold.
+// A file made before its tables were STRICT may still hold one: reading it
+// gives "99" naming the column and leaves the record as it was.
 TEST_P(LinhaQueNaoCabe, Da99NomeiaAColunaNaoMexeNoRegistroEOModuloContinua) {
     Empresa(1, "Mercado Um");
-    db->Direto("INSERT INTO TBPAR (Empresa, RazSocial, CritPrcVenda) VALUES (5, 'Outra', 40000)");
-    db->Direto("INSERT INTO TBPAR (Empresa, PerPis) VALUES (6, 'abc')");
+    const char* ruins[] = {"INSERT INTO TBPAR (Empresa, RazSocial, CritPrcVenda) VALUES (5, 'Outra', 40000)",
+                           "INSERT INTO TBPAR (Empresa, PerPis) VALUES (6, 'abc')"};
+    for (const char* sql : ruins) {
+        c().Transacao = "REQUERY";
+        c().Cursor = 0;
+        c().Dados = std::string(sql);
+        ExecutaComunica();
+        EXPECT_EQ(c().Status, "99") << sql;
+    }
+    c().Transacao = "ROLLBACK";
+    ExecutaComunica();
+    if (db->kind() != Kind::Sqlite) return;
+    TabelaAntiga("TBPAR");
+    for (const char* sql : ruins)
+        db->Direto(sql);
     const std::pair<int16_t, std::vector<std::string>> casos[] = {{5, {"A_MTBPAR", "CritPrcVenda", "40000"}},
                                                                   {6, {"A_MTBPAR", "PerPis", "abc"}}};
     for (const auto& [emp, trechos] : casos) {
@@ -140,6 +156,6 @@ TEST_P(LinhaQueNaoCabe, Da99NomeiaAColunaNaoMexeNoRegistroEOModuloContinua) {
     EXPECT_TRUE(Mostradas().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(, LinhaQueNaoCabe, ::testing::Values(Kind::Sqlite), NomeDoParametro);
+ZTOLVAN_NOS_DOIS_BANCOS(LinhaQueNaoCabe);
 
 } // namespace
