@@ -22,6 +22,7 @@
 #include "entry/sessao.h"
 #include "generation/cotacao/cotacao.h"
 #include "generation/geracao.h"
+#include "generation/linhas_geradas.h"
 #include "saida.h"
 #include "screens/auxiliary/tolvanf03.h"
 #include "screens/auxiliary/tolvanf05.h"
@@ -213,7 +214,7 @@ struct ArgumentosGera {
     std::optional<int> tipoPreco;
     std::vector<std::string> quantidades;
     std::string resposta = "nao";
-    bool json = false;
+    bool json = false, simular = false;
 };
 
 // Data rows of a list "1,3,5" (1-based); false with the reason when one is
@@ -322,7 +323,12 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
     for (const MensagemMostrada& m : mensagens->mostradas)
         falhou = falhou || m.Tipo == msg::Critico;
 
+    // A preview runs the same path with every change held and undone at the end.
     std::string erro;
+    if (a.simular && !falhou && !ConectorAtual()->RetemAlteracoes(true, erro)) {
+        std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
+        return SaidaBanco;
+    }
     bool linhasValidas = true;
     janelas->AoMostrar("TolvanF01", [&](Tela& t) {
         linhasValidas = OperaConsulta(static_cast<TolvanF01&>(t), *janelas, a, erro);
@@ -330,6 +336,12 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
     if (!falhou) {
         TolvanF01 tela;
         MostraModal(tela);
+    }
+    const std::vector<LinhaGerada> linhas = LinhasGeradas();
+    std::string desfeito;
+    if (a.simular && !falhou && !ConectorAtual()->RetemAlteracoes(false, desfeito)) {
+        std::fprintf(stderr, "ztolvan gerar: %s\n", desfeito.c_str());
+        return SaidaBanco;
     }
     if (!linhasValidas) {
         std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
@@ -340,6 +352,8 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
     Resultado r{codigo, statusret, zstatus, mens, dados, nullptr};
     r.mensagens = &mensagens->mostradas;
     r.itens = &ItensGerados();
+    r.linhas = &linhas;
+    r.simulacao = a.simular;
     std::cout << (a.json ? ComoJson(r) : ComoTexto(r));
     return ItensGerados().empty() ? SaidaNadaGerado : SaidaOk;
 }
@@ -475,6 +489,8 @@ int main(int argc, char** argv) {
     gera->add_option("--resposta", g.resposta, "answer to yes/no questions: sim or nao")
         ->capture_default_str();
     gera->add_flag("--json", g.json, "print as JSON");
+    gera->add_flag("--simular", g.simular,
+                   "preview: the same generation, questions and messages, nothing kept in the database");
 
     ArgumentosCotacao q;
     Conexao conexaoCota;

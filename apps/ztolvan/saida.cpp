@@ -108,6 +108,15 @@ std::string ComoTexto(const Resultado& r) {
             o << (i ? "," : " ") << (*r.itens)[i];
         o << "\n";
     }
+    if (r.linhas) {
+        if (r.simulacao) o << "prévia: nada foi gravado\n";
+        for (const LinhaGerada& l : *r.linhas)
+            o << "  item " << l.item << " " << l.produto << " qtd " << EscreveNumero(l.quantidade) << " x "
+              << EscreveNumero(l.valorUnitario) << " SitTrib " << l.sitTrib << " ICMS " << EscreveNumero(l.percICMS)
+              << " ST " << EscreveNumero(l.percICMSST) << " IPI " << EscreveNumero(l.percIPI) << " = "
+              << EscreveNumero(l.total) << "\n";
+        o << "total: " << EscreveNumero(TotalDasLinhas(*r.linhas)) << "\n";
+    }
     return o.str();
 }
 
@@ -121,6 +130,23 @@ std::string ComoJson(const Resultado& r) {
         o["mensagens"] = std::move(m);
     }
     if (r.itens) o["itens"] = *r.itens;
+    if (r.linhas) {
+        Json ls = Json::array();
+        for (const LinhaGerada& l : *r.linhas)
+            ls.push_back({{"Item", l.item},
+                          {"Produto", l.produto},
+                          {"Descricao", l.descricao},
+                          {"Quantidade", l.quantidade},
+                          {"ValorUnitario", l.valorUnitario},
+                          {"SitTrib", l.sitTrib},
+                          {"PercICMS", l.percICMS},
+                          {"PercICMSST", l.percICMSST},
+                          {"PercIPI", l.percIPI},
+                          {"Total", l.total}});
+        o["linhas"] = std::move(ls);
+        o["total"] = TotalDasLinhas(*r.linhas);
+        o["simulacao"] = r.simulacao;
+    }
     // A text that is not valid UTF-8 (a database may hold one) is shown with
     // replacement characters rather than failing the whole answer.
     return o.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";

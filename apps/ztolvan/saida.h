@@ -6,6 +6,7 @@
 #include "common/mensagens.h"
 #include "common/valor.h"
 #include "entry/sessao.h"
+#include "generation/linhas_geradas.h"
 
 namespace ztolvan {
 
@@ -20,6 +21,10 @@ struct Resultado {
     // A generation's messages in the order shown and the items it wrote.
     const std::vector<MensagemMostrada>* mensagens = nullptr;
     const std::vector<int32_t>* itens = nullptr;
+    // The lines as written (or, in a preview, as they would be) and whether
+    // this was a preview whose changes were undone.
+    const std::vector<LinhaGerada>* linhas = nullptr;
+    bool simulacao = false;
 };
 
 std::string ComoTexto(const Resultado& r);

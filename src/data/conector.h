@@ -31,6 +31,12 @@ class ConectorBD {
                           std::string& Status, std::string& Msg) = 0;
     // Which kind this is: "ACCESS" (desktop file) or "SERVIDOR".
     virtual const char* Tipo() const = 0;
+    // A preview: from 'reter' true, every change of the connection is held
+    // in one unit. COMMIT answers as usual and keeps what came before it,
+    // ROLLBACK undoes back to the last COMMIT, and every read sees what is
+    // held, so a run numbers and answers as a real one would. 'reter' false
+    // undoes all of it. false with msg when the unit cannot be opened.
+    virtual bool RetemAlteracoes(bool reter, std::string& msg) = 0;
 };
 
 } // namespace ztolvan

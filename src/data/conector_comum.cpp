@@ -87,11 +87,17 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
         return;
     }
     if (palavra == "COMMIT") {
-        Status = Confirma(Msg);
+        if (!retendo_) {
+            Status = Confirma(Msg);
+            return;
+        }
+        // Kept in the held unit; a new savepoint is what ROLLBACK goes back to.
+        Status = ComandoNaUnidade("RELEASE SAVEPOINT zt_previa", Msg);
+        if (Status == status::Ok) Status = ComandoNaUnidade("SAVEPOINT zt_previa", Msg);
         return;
     }
     if (palavra == "ROLLBACK") {
-        Status = Desfaz(Msg);
+        Status = retendo_ ? ComandoNaUnidade("ROLLBACK TO SAVEPOINT zt_previa", Msg) : Desfaz(Msg);
         return;
     }
     if ((palavra == "OPEN" || palavra == "REQUERY") && Cursor == 0) {
@@ -239,6 +245,27 @@ int16_t ConectorComum::Guarda(Cursor c) {
     if (cursores_.size() > 32767) return 0;
     cursores_.push_back(std::move(c));
     return static_cast<int16_t>(cursores_.size() - 1);
+}
+
+bool ConectorComum::RetemAlteracoes(bool reter, std::string& msg) {
+    if (reter == retendo_) return true;
+    if (!Conectado()) {
+        msg = "Sem conexão com o banco de dados";
+        return false;
+    }
+    if (reter) {
+        // What was pending before the preview is not the preview's to undo.
+        if (Confirma(msg) != status::Ok || AbreUnidadeRetida(msg) != status::Ok) return false;
+        if (ComandoNaUnidade("SAVEPOINT zt_previa", msg) != status::Ok) {
+            std::string ignora;
+            DesfazUnidadeRetida(ignora);
+            return false;
+        }
+        retendo_ = true;
+        return true;
+    }
+    retendo_ = false;
+    return DesfazUnidadeRetida(msg) == status::Ok;
 }
 
 } // namespace ztolvan

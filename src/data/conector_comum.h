@@ -20,6 +20,7 @@ class ConectorComum : public ConectorBD {
     void ZConnectClose(int16_t& Conexao) final;
     void Consulta(int16_t Conexao, const std::string& Texto, TabelaResultado& Tabela, std::string& Status,
                   std::string& Msg) final;
+    bool RetemAlteracoes(bool reter, std::string& msg) final;
 
   protected:
     // A prepared statement of the database kind.
@@ -44,6 +45,11 @@ class ConectorComum : public ConectorBD {
                                 bool comColunas, std::string& msg) = 0;
     virtual std::string Confirma(std::string& msg) = 0;
     virtual std::string Desfaz(std::string& msg) = 0;
+    // The held unit of a preview: opened, a command word run inside it
+    // ("SAVEPOINT ...", "RELEASE ..."), and undone whole.
+    virtual std::string AbreUnidadeRetida(std::string& msg) = 0;
+    virtual std::string ComandoNaUnidade(const char* sql, std::string& msg) = 0;
+    virtual std::string DesfazUnidadeRetida(std::string& msg) = 0;
 
   private:
     struct Cursor {
@@ -63,6 +69,7 @@ class ConectorComum : public ConectorBD {
 
     std::vector<std::optional<Cursor>> cursores_; // index = handle
     int16_t conexao_ = 0;
+    bool retendo_ = false;
 };
 
 } // namespace ztolvan

@@ -73,6 +73,7 @@ class ConectorGravador : public ConectorBD {
         real_->Consulta(c, t, r, s, m);
     }
     const char* Tipo() const override { return real_->Tipo(); }
+    bool RetemAlteracoes(bool reter, std::string& msg) override { return real_->RetemAlteracoes(reter, msg); }
 
     std::vector<Chamada> chamadas;
     // Statements run through the database object, in order.

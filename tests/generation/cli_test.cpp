@@ -49,9 +49,16 @@ class Gerar : public ComBancoDemo {
 const std::string Venda = "--origem V --numdoc 1 --dados-vendas 5102,1,0,SP,SP,SP,SP --agrupamento 000101 ";
 
 TEST_F(Gerar, VendaComLinhasQuantidadeEMultiplicador) {
-    nlohmann::json j =
-        Gera("--operador DEMO " + Venda + "--itens 1,2,3 --quantidade 2=3 --multiplicador 2", 0);
+    // A preview writes nothing and shows the lines the real run then writes.
+    const std::string pedido = "--operador DEMO " + Venda + "--itens 1,2,3 --quantidade 2=3 --multiplicador 2";
+    const nlohmann::json previa = Gera(pedido + " --simular", 0);
+    EXPECT_EQ(Consulta("SELECT COUNT(*) FROM TBPEVIT WHERE NumPed = 1"), "0\n");
+    EXPECT_EQ(previa["simulacao"], true);
+    nlohmann::json j = Gera(pedido, 0);
     ASSERT_TRUE(j.is_object());
+    EXPECT_EQ(j["linhas"], previa["linhas"]);
+    EXPECT_EQ(previa["itens"], j["itens"]);
+    EXPECT_DOUBLE_EQ(j["total"].get<double>(), 144.54) << "2 x 24,90 + 6 x 8,49 + 2 x 21,90";
     EXPECT_EQ(j["Zstatusret"], 0);
     EXPECT_EQ(j["zstatus"], 0);
     EXPECT_EQ(j["itens"], nlohmann::json::parse("[10, 20, 30]"));

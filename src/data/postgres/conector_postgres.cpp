@@ -412,4 +412,15 @@ std::string ConectorPostgres::Desfaz(std::string& msg) {
     return Simples("ROLLBACK", msg);
 }
 
+std::string ConectorPostgres::AbreUnidadeRetida(std::string& msg) {
+    if (!Disponivel(msg) || Simples("BEGIN", msg) != status::Ok) return status::Falha;
+    emUnidade_ = true;
+    return status::Ok;
+}
+
+std::string ConectorPostgres::DesfazUnidadeRetida(std::string& msg) {
+    emUnidade_ = true;
+    return Desfaz(msg);
+}
+
 } // namespace ztolvan

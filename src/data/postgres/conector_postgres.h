@@ -36,6 +36,9 @@ class ConectorPostgres : public ConectorComum {
                         std::string& msg) override;
     std::string Confirma(std::string& msg) override;
     std::string Desfaz(std::string& msg) override;
+    std::string AbreUnidadeRetida(std::string& msg) override;
+    std::string ComandoNaUnidade(const char* sql, std::string& msg) override { return Simples(sql, msg); }
+    std::string DesfazUnidadeRetida(std::string& msg) override;
 
   private:
     struct ComandoPg;
