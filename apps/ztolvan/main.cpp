@@ -7,6 +7,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <unistd.h>
 #include <sstream>
 
 #include "common/conversao.h"
@@ -329,6 +330,13 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
         std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
         return SaidaBanco;
     }
+    // On a terminal a long run says how far it is, on one line of stderr.
+    bool andamentoMostrado = false;
+    if (isatty(STDERR_FILENO))
+        DefineObservadorAndamento([&](int feitos, int marcados) {
+            andamentoMostrado = true;
+            std::fprintf(stderr, "\r%s", TextoAndamento(feitos, marcados).c_str());
+        });
     bool linhasValidas = true;
     janelas->AoMostrar("TolvanF01", [&](Tela& t) {
         linhasValidas = OperaConsulta(static_cast<TolvanF01&>(t), *janelas, a, erro);
@@ -337,6 +345,8 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
         TolvanF01 tela;
         MostraModal(tela);
     }
+    DefineObservadorAndamento({});
+    if (andamentoMostrado) std::fputc('\n', stderr);
     const std::vector<LinhaGerada> linhas = LinhasGeradas();
     std::string desfeito;
     if (a.simular && !falhou && !ConectorAtual()->RetemAlteracoes(false, desfeito)) {

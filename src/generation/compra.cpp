@@ -136,6 +136,7 @@ void GeraCompra(TelaGeracao& t) {
         for (int r = 1; r <= n; ++r) {
             linha = 40;
             if (!Marcada(t.GCon1, r)) continue;
+            Avanca(t);
             const LinhaGrade l = LeLinha(t.GCon1, r);
             A_MTBMATEQ_t& eq = A_MTBMATEQ();
             ChaveMTBMATEQ().Empresa = s.Empresa;

@@ -117,4 +117,22 @@ void Conclui(TelaGeracao& t) {
     if (t.sbSair) t.sbSair();
 }
 
+void ComecaAndamento(int marcados) {
+    Estado& e = EstadoAtual();
+    e.feitos = 0;
+    e.marcados = marcados;
+    e.ultimoAndamento = std::chrono::steady_clock::now();
+}
+
+void Avanca(TelaGeracao& t) {
+    Estado& e = EstadoAtual();
+    ++e.feitos;
+    if (!t.andamento) return;
+    // A repaint per item would cost more than the item on a fast database.
+    const auto agora = std::chrono::steady_clock::now();
+    if (agora - e.ultimoAndamento < std::chrono::milliseconds(100)) return;
+    e.ultimoAndamento = agora;
+    t.andamento(e.feitos, e.marcados);
+}
+
 } // namespace ztolvan::geracao

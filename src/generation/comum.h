@@ -1,4 +1,5 @@
 #pragma once
+#include <chrono>
 // The steps every generator shares: the precondition, the grouping prefix,
 // the row walk, the product read's outcome, availability, item numbers, the
 // insert's outcome and the per-item commit.
@@ -16,6 +17,9 @@ struct Estado {
     std::string flagLeituraProduto; // the document type's FLGFC: "1" is the joined read
     std::string flagCMES;           // from FLGES and FLGCMED; empty until first set
     std::vector<int32_t> itens;     // written by the last generation
+    // Progress of the running generation: marked rows reached of those marked.
+    int feitos = 0, marcados = 0;
+    std::chrono::steady_clock::time_point ultimoAndamento;
 };
 Estado& EstadoAtual();
 
@@ -33,6 +37,10 @@ bool PreCondicao(const TelaGeracao& t);
 std::string PrefixoAgrupamento(const TelaGeracao& t);
 // Selects the row and its column 0, as the operator would see it: marked?
 bool Marcada(Grade& g, int linha);
+// One more marked row reached: tells the screen, at most every 100 ms.
+void Avanca(TelaGeracao& t);
+// Starts counting a run over 'marcados' marked rows.
+void ComecaAndamento(int marcados);
 
 // The cells a generator reads, converted as the system reads them.
 struct LinhaGrade {

@@ -128,6 +128,7 @@ void GeraDocumento(TelaGeracao& t) {
         for (int r = 1; r <= n; ++r) {
             linha = 30;
             if (!Marcada(t.GCon1, r)) continue;
+            Avanca(t);
             const LinhaGrade l = LeLinha(t.GCon1, r);
             LeProduto(l);
             if (!ProdutoLido(l) || !Disponivel(l)) continue;

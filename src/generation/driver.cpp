@@ -1,4 +1,5 @@
 #include "common/contexto.h"
+#include "common/formato.h"
 #include "common/mensagens.h"
 #include "common/texto.h"
 #include "data/comunica.h"
@@ -31,6 +32,10 @@ void sbGerarDocumento(TelaGeracao& t) {
         // The dialog is kept per thread, as the screens are.
         MostraModal(Contexto::Atual().Parte<TolvanF05>());
         linha = 30;
+        int marcadas = 0;
+        for (int r = 1; r <= n; ++r)
+            marcadas += t.GCon1.TextMatrix(r, 0) == "*" ? 1 : 0;
+        ComecaAndamento(marcadas);
         const std::string origem = Normaliza(SessaoAtual().Origem);
         if (origem == "D") {
             ConfDocumento();
@@ -54,5 +59,9 @@ void FazCommit() {
 }
 
 const std::vector<int32_t>& ItensGerados() { return EstadoAtual().itens; }
+
+std::string TextoAndamento(int feitos, int marcados) {
+    return "Gerando item " + Formata(feitos, "#,##0") + " de " + Formata(marcados, "#,##0");
+}
 
 } // namespace ztolvan

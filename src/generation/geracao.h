@@ -22,7 +22,15 @@ struct TelaGeracao {
     Grade& MSFGAgrupamento;
     const std::string& NomeAgrupamento;
     std::function<void()> sbSair;
+    // Told, at most every 100 ms, how many marked rows a long run has reached.
+    std::function<void(int feitos, int marcados)> andamento = {};
 };
+
+// The text of a generation's progress: "Gerando item 120 de 2.000".
+std::string TextoAndamento(int feitos, int marcados);
+// A thread's extra watcher of progress (the command line's terminal line);
+// empty for none.
+void DefineObservadorAndamento(std::function<void(int feitos, int marcados)> observador);
 
 // The generate command: checks a row is marked, asks the multiplier
 // (TolvanF05) and runs the generator of the session's origin.

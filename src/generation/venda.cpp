@@ -138,6 +138,7 @@ void GeraVenda(TelaGeracao& t) {
         for (int r = 1; r <= n; ++r) {
             linha = 40;
             if (!Marcada(t.GCon1, r)) continue;
+            Avanca(t);
             LinhaGrade l = LeLinha(t.GCon1, r);
             const double preco = NumeroDaCelula(t.GCon1, r, 5);
             const int16_t tipo = CInt(Valor(t.GCon1.TextMatrix(r, 11)));
