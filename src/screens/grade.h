@@ -37,6 +37,9 @@ class Grade : public Controle {
     void DefineCols(int n);
     int FixedRows = 0;
     int FixedCols = 0;
+    // The column whose non-blank cell marks a row for a later command (-1:
+    // none). A view shows the mark on the row even when the column is hidden.
+    int ColunaMarca = -1;
 
     // The current cell. Out-of-range values are the old control's error 381.
     int Row() const { return linha_; }

@@ -1,6 +1,7 @@
 // The generic view on a screen of its own: key preview before the widgets
 // and the shortcuts, the grid adapter, run-time controls and the close box.
 #include <QAbstractItemModelTester>
+#include <QDialog>
 #include <QAction>
 #include <QHeaderView>
 #include <QLabel>
@@ -48,6 +49,7 @@ class TelaGrade : public Tela {
         teclas.push_back({KeyCode, Shift});
         if (KeyCode == tecla::F5) KeyCode = 0;
     }
+    void Form_Activate() override { ++ativacoes; }
     void Form_QueryUnload(int& Cancel, int UnloadMode) override {
         if (recusa && UnloadMode == fechamento::MenuDeControle) Cancel = 1;
     }
@@ -56,7 +58,7 @@ class TelaGrade : public Tela {
     Botao ok;
     ItemMenu raiz, consumida, livre;
     std::vector<std::pair<int, int>> teclas;
-    int cliques = 0, cliquesF5 = 0, cliquesF6 = 0;
+    int cliques = 0, cliquesF5 = 0, cliquesF6 = 0, ativacoes = 0;
     bool recusa = true;
 };
 
@@ -89,6 +91,46 @@ TEST_F(VisaoQt, TeclasChegamATelaAntesDaGradeEDosAtalhos) {
     Tecla(Qt::Key_F6);
     EXPECT_EQ(t.cliquesF6, 1) << "a disabled item's shortcut is off";
     EXPECT_FALSE(v->AcaoDe(&t.livre)->isEnabled());
+}
+
+// The screen makes its hidden marks column current (as after a mark): the
+// arrows still move the highlighted row, and a marked row shows its mark.
+TEST_F(VisaoQt, ColunaOcultaAtualNaoPrendeAsSetasEAMarcaAparece) {
+    TelaGrade t;
+    t.g.ColunaMarca = 1;
+    auto v = Abre(t);
+    auto* tabela = static_cast<QTableView*>(v->WidgetDe(&t.g));
+    t.g.DefineRow(1);
+    t.g.DefineCol(1);
+    t.g.DefineTextMatrix(1, 1, " ");
+    v->Sincroniza();
+    Tecla(Qt::Key_Down);
+    EXPECT_EQ(t.g.Row(), 2);
+    Tecla(Qt::Key_Up);
+    EXPECT_EQ(t.g.Row(), 1);
+
+    const QAbstractItemModel& m = *tabela->model();
+    EXPECT_EQ(m.data(m.index(1, 0)).toString(), QStringLiteral("\u2714 b")) << "a mark is a tick on the first shown column";
+    EXPECT_TRUE(m.data(m.index(1, 2), Qt::BackgroundRole).isValid());
+    EXPECT_EQ(m.data(m.index(0, 0)).toString(), QStringLiteral("a")) << "a blank mark is no mark";
+    EXPECT_FALSE(m.data(m.index(0, 2), Qt::BackgroundRole).isValid());
+}
+
+// Each time the window becomes active again, the screen hears Form_Activate
+// (a setting changed elsewhere is read before the next command).
+TEST_F(VisaoQt, FormActivateACadaVezQueAJanelaVoltaASerAtiva) {
+    TelaGrade t;
+    auto v = Abre(t);
+    EXPECT_EQ(t.ativacoes, 1);
+    QDialog outra;
+    outra.show();
+    outra.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&outra));
+    EXPECT_EQ(t.ativacoes, 1);
+    outra.hide();
+    v->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(v.get()));
+    EXPECT_EQ(t.ativacoes, 2);
 }
 
 TEST_F(VisaoQt, GradeLidaNoLugarComLarguraEmM) {

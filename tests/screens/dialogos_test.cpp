@@ -214,6 +214,38 @@ TEST_F(Dialogos, FaixaDeInformacoesNumeraSemLacunasEReconstroi) {
     EXPECT_EQ(t.Acha("lblPainel1"), nullptr);
 }
 
+// A narrow dialog: a text that would run past the strip's end starts a row
+// below (no separator before it) and the screen grows by that row, once,
+// however often the strip is rebuilt; a strip that fits again gives it back.
+TEST_F(Dialogos, FaixaEstreitaQuebraEmOutraFilaSemCortarOSuporte) {
+    Tela t("Estreita");
+    t.Width = 3000;
+    t.Height = 2000;
+    Forma contorno;
+    t.Registra(contorno, "shContorno", 0, 0, 3000, 2000);
+    const std::string suporte(20, 'S'); // 1920 twips
+    for (int vez = 0; vez < 2; ++vez) {
+        sbMontaRodape(t, "Data: 25/11/2026", "", "", "", "", suporte);
+        EXPECT_EQ(t.Height, 2300);
+        EXPECT_EQ(contorno.Height, 2300) << "the outline takes the new row in";
+        const auto* faixa = t.Acha("shInformacoes");
+        ASSERT_NE(faixa, nullptr);
+        EXPECT_EQ(faixa->Top, 1700);
+        EXPECT_EQ(faixa->Height, 600);
+        auto* l1 = static_cast<Rotulo*>(t.Acha("lblPainel1"));
+        ASSERT_NE(l1, nullptr);
+        EXPECT_EQ(l1->Left, 80);
+        EXPECT_EQ(l1->Top, 1700 + 300 + 30);
+        EXPECT_LE(l1->Left + l1->Width, t.Width);
+        EXPECT_EQ(t.Acha("shSeparador1"), nullptr);
+    }
+    sbMontaRodape(t, "AB", "CD");
+    EXPECT_EQ(t.Height, 2000);
+    EXPECT_EQ(contorno.Height, 2000);
+    EXPECT_EQ(t.Acha("shInformacoes")->Height, 300);
+    EXPECT_NE(t.Acha("shSeparador1"), nullptr);
+}
+
 TEST_F(Dialogos, DataDeHojeELinhaDeSuporteDaInstalacao) {
     DefineRelogio([] { return std::chrono::system_clock::from_time_t(1706702400); }); // 31/01/2024 noon UTC
     EXPECT_EQ(TextoDataHoje(), "Data: 31/01/2024");

@@ -60,6 +60,13 @@ void sbMontaRodape(Tela& frm, const std::string& t1, const std::string& t2, cons
                    const std::string& t8) {
     Protegido(EstiloErro::Log, "sbMontaRodape", frm.Name, [&](int& linha) {
         linha = 10;
+        // The screen and its outline grow with a strip wrapped onto more rows.
+        Controle* contorno = frm.Acha("shContorno");
+        const auto cresce = [&](int d) {
+            frm.Height += d;
+            if (contorno) contorno->Height += d;
+        };
+        if (const Controle* velha = frm.Acha("shInformacoes")) cresce(painel::Altura - velha->Height);
         frm.RemovePorPrefixo("shInformacoes");
         frm.RemovePorPrefixo("shSeparador");
         frm.RemovePorPrefixo("lblPainel");
@@ -79,27 +86,42 @@ void sbMontaRodape(Tela& frm, const std::string& t1, const std::string& t2, cons
         frm.ZOrder(f, 1);
 
         linha = 30;
+        // t8 holds the right end of the first row.
+        const bool temDireita = !Apara(t8).empty();
+        const int larguraDireita = temDireita ? JanelasAtuais().LarguraTexto(FontePainel(), t8) : 0;
+
+        // A text that would run past the strip's end (a narrow dialog) opens
+        // a new row below, so the support line is never cut.
         const std::array<const std::string*, 7> textos = {&t1, &t2, &t3, &t4, &t5, &t6, &t7};
-        int rotulos = 0, separadores = 0;
+        int rotulos = 0, separadores = 0, fila = 0;
         const Rotulo* anterior = nullptr;
-        const Forma* separador = nullptr;
         for (size_t i = 0; i < textos.size(); ++i) {
             if (textos[i]->empty()) continue;
-            if (anterior)
-                separador = &NovoSeparador(frm, ++separadores, anterior->Left + anterior->Width + 80, f.Top);
             Rotulo& l = NovoRotulo(frm, rotulos++, *textos[i], f.Top);
             l.Opaco = true;
             l.BackColor = f.FillColor;
-            l.Left = anterior ? separador->Left + separador->Width + 120 : 80;
+            l.Left = 80;
+            if (anterior) {
+                const int depois = anterior->Left + anterior->Width + 80;
+                const int fim = fila == 0 && temDireita ? f.Width - larguraDireita - 180 : f.Width - 80;
+                if (depois + 125 + l.Width <= fim) {
+                    l.Left = NovoSeparador(frm, ++separadores, depois, f.Top + fila * painel::Altura).Left + 125;
+                } else {
+                    ++fila;
+                }
+            }
+            l.Top += fila * painel::Altura;
             if (i == 6) {
                 l.ForeColor = painel::Aviso;
                 Beep();
             }
             anterior = &l;
         }
+        f.Height += fila * painel::Altura;
+        cresce(fila * painel::Altura);
 
         linha = 40;
-        if (!Apara(t8).empty()) {
+        if (temDireita) {
             Rotulo& l = NovoRotulo(frm, rotulos, t8, f.Top);
             l.Opaco = false;
             l.Left = f.Width - l.Width - 100;

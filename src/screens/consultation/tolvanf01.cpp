@@ -99,6 +99,7 @@ TolvanF01::TolvanF01() : Tela("TolvanF01") {
     Registra(Label4, "Label4", 120, 3900, 3000, 240);
     Registra(LTotais, "LTotais", 3240, 3900, w - 3360, 240);
     Registra(GCon1, "GCon1", 120, 4140, w - 240, 2760, 4);
+    GCon1.ColunaMarca = ColMarca;
     Registra(CMensagem, "CMensagem", 120, 6960, 6000, 240);
 
     Frame1.Caption = "Pesquisa";

@@ -195,6 +195,10 @@ BarraTituloQt::BarraTituloQt(QWidget* pai)
     arranjo->addWidget(botao_);
     botao_->setText(QStringLiteral("Menu ▾"));
     botao_->setAutoRaise(true);
+    // The style's hover panel is light: white text on it would vanish.
+    botao_->setStyleSheet(QStringLiteral("QToolButton { color: white; border: 1px solid transparent; padding: 1px 6px; }"
+                                         "QToolButton:hover, QToolButton:pressed { background: rgba(255, 255, 255, 60);"
+                                         " border-color: white; }"));
     botao_->setFocusPolicy(Qt::NoFocus);
     botao_->setToolTip(QStringLiteral("Menu da tela"));
     botao_->hide();

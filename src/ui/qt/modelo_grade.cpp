@@ -1,23 +1,37 @@
 #include "ui/qt/modelo_grade.h"
 
 #include <algorithm>
+#include <QColor>
 #include <cctype>
+#include <string_view>
 
 #include "ui/qt/comum_qt.h"
 
 namespace ztolvan {
 namespace {
 
-// The old grid's "general" alignment: numbers to the right, texts to the left.
-bool PareceNumero(const std::string& t) {
+// The old grid's "general" alignment: numbers to the right, texts to the
+// left. Blanks around a number are padding; a blank between its characters
+// makes it a text (a code such as "12 34").
+bool PareceNumero(std::string_view t) {
+    const size_t ini = t.find_first_not_of(' ');
+    if (ini == std::string_view::npos) return false;
+    t = t.substr(ini, t.find_last_not_of(' ') - ini + 1);
     bool digito = false;
     for (unsigned char c : t) {
         if (std::isdigit(c))
             digito = true;
-        else if (c != ' ' && c != ',' && c != '.' && c != '-' && c != '+')
+        else if (c != ',' && c != '.' && c != '-' && c != '+')
             return false;
     }
     return digito;
+}
+
+// What a cell shows: its text without the blanks that pad it on the right
+// (fixed-width codes), which would only push it out of its cell.
+QString Mostrado(const std::string& t) {
+    const size_t fim = t.find_last_not_of(' ');
+    return fim == std::string::npos ? QString() : QString::fromUtf8(t.data(), static_cast<qsizetype>(fim + 1));
 }
 
 Qt::Alignment AlinhamentoQt(AlinhamentoGrade a, const std::string& texto) {
@@ -47,9 +61,14 @@ QVariant ModeloGrade::data(const QModelIndex& i, int papel) const {
     if (!i.isValid()) return {};
     const std::string* t = Celula(i.row() + 1, i.column());
     if (!t) return {};
-    if (papel == Qt::DisplayRole) return Q(*t);
+    if (papel == Qt::DisplayRole) {
+        // A marked row carries a tick on its first shown column.
+        if (Marcada(i.row()) && i.column() == PrimeiraVisivel()) return QStringLiteral("\u2714 ") + Mostrado(*t);
+        return Mostrado(*t);
+    }
     if (papel == Qt::TextAlignmentRole)
         return QVariant::fromValue(AlinhamentoQt(g_.ColAlignment(i.column()), *t));
+    if (papel == Qt::BackgroundRole && Marcada(i.row())) return QColor(255, 241, 189);
     return {};
 }
 
@@ -58,6 +77,18 @@ QVariant ModeloGrade::headerData(int secao, Qt::Orientation o, int papel) const 
     if (papel != Qt::DisplayRole || secao < 0 || secao >= colunas_) return {};
     const std::string* t = Celula(0, secao);
     return t ? Q(*t) : QVariant();
+}
+
+bool ModeloGrade::Marcada(int linha) const {
+    if (g_.ColunaMarca < 0) return false;
+    const std::string* m = Celula(linha + 1, g_.ColunaMarca);
+    return m && m->find_first_not_of(' ') != std::string::npos;
+}
+
+int ModeloGrade::PrimeiraVisivel() const {
+    for (int c = 0; c < g_.Cols(); ++c)
+        if (g_.LarguraM(c) > 0) return c;
+    return 0;
 }
 
 Qt::ItemFlags ModeloGrade::flags(const QModelIndex& i) const {

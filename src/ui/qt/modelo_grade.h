@@ -28,6 +28,8 @@ class ModeloGrade : public QAbstractTableModel {
 
   private:
     const std::string* Celula(int linha, int coluna) const;
+    bool Marcada(int linha) const; // data row, 0-based
+    int PrimeiraVisivel() const;
 
     const Grade& g_;
     int linhas_ = 0, colunas_ = 0;

@@ -471,6 +471,21 @@ void VisaoTela::SincronizaItem(Item& i) {
     }
 }
 
+namespace {
+
+// 'coluna' when the view shows it, else the first shown after it, else the
+// last shown before it.
+int ColunaVisivel(const QTableView& v, int coluna) {
+    const int n = v.model()->columnCount();
+    for (int c = coluna; c < n; ++c)
+        if (!v.isColumnHidden(c)) return c;
+    for (int c = std::min(coluna, n) - 1; c >= 0; --c)
+        if (!v.isColumnHidden(c)) return c;
+    return coluna;
+}
+
+} // namespace
+
 void VisaoTela::SincronizaGrade(Item& i) {
     auto& g = static_cast<const Grade&>(*i.controle);
     auto* v = static_cast<QTableView*>(i.widget);
@@ -489,7 +504,11 @@ void VisaoTela::SincronizaGrade(Item& i) {
         }
         i.versaoLista = g.Versao();
     }
-    const QModelIndex desejado = g.Row() >= 1 ? i.grade->index(g.Row() - 1, g.Col()) : QModelIndex();
+    // The grid may make a zero-width column current (the marks' column):
+    // the view shows the row on the nearest visible column instead, or
+    // Up and Down would stop moving the highlighted row.
+    const QModelIndex desejado =
+        g.Row() >= 1 ? i.grade->index(g.Row() - 1, ColunaVisivel(*v, g.Col())) : QModelIndex();
     if (estrutura || v->currentIndex() != desejado) v->setCurrentIndex(desejado);
     if (desejado.isValid() && g.RowSel() != g.Row()) {
         const int de = std::min(g.Row(), g.RowSel()) - 1, ate = std::max(g.Row(), g.RowSel()) - 1;
@@ -540,6 +559,7 @@ void VisaoTela::SincronizaFoco() {
 // ---- focus -------------------------------------------------------------
 
 void VisaoTela::Ativa() {
+    ativada_ = true;
     Encaminha("Form_Activate", [&] { tela_.Form_Activate(); });
     if (!tela_.Carregada()) return;
     Controle* alvo = tela_.ActiveControl();
@@ -726,6 +746,17 @@ bool VisaoTela::eventFilter(QObject* o, QEvent* e) {
         break;
     }
     return QDialog::eventFilter(o, e);
+}
+
+void VisaoTela::changeEvent(QEvent* e) {
+    QDialog::changeEvent(e);
+    if (e->type() != QEvent::ActivationChange) return;
+    if (!isActiveWindow()) {
+        ativada_ = false;
+    } else if (!ativada_ && tela_.Carregada()) {
+        ativada_ = true;
+        Encaminha("Form_Activate", [&] { tela_.Form_Activate(); });
+    }
 }
 
 void VisaoTela::closeEvent(QCloseEvent* e) {

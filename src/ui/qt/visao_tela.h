@@ -60,6 +60,9 @@ class VisaoTela : public QDialog {
   protected:
     bool eventFilter(QObject* o, QEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
+    // The window active again (a dialog closed, the operator back from
+    // another window): Form_Activate runs again, as at the first show.
+    void changeEvent(QEvent* e) override;
 
   private:
     struct Item {
@@ -113,6 +116,8 @@ class VisaoTela : public QDialog {
     Previa previa_;
     QPointer<QLineEdit> selecionar_;
     bool gradeMudouNoClique_ = false;
+    // Form_Activate has run since the window last lost the activation.
+    bool ativada_ = false;
 };
 
 } // namespace ztolvan
