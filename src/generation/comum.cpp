@@ -8,7 +8,7 @@
 #include "data/comunica.h"
 #include "data/modules/modulos.h"
 #include "entry/sessao.h"
-#include "generation/precos/precos.h"
+#include "precos/precos.h"
 #include "screens/troca.h"
 
 namespace ztolvan::geracao {

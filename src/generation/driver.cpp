@@ -7,7 +7,7 @@
 #include "entry/sessao.h"
 #include "generation/comum.h"
 #include "generation/geracao.h"
-#include "generation/precos/trapa.h"
+#include "precos/trapa.h"
 #include "screens/auxiliary/tolvanf05.h"
 #include "screens/relato.h"
 #include "screens/tela.h"

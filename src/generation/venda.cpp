@@ -14,8 +14,8 @@
 #include "entry/settings/configuracao.h"
 #include "generation/comum.h"
 #include "generation/geracao.h"
-#include "generation/precos/precos.h"
-#include "generation/precos/trapa.h"
+#include "precos/precos.h"
+#include "precos/trapa.h"
 
 namespace ztolvan {
 

@@ -11,7 +11,7 @@
 #include "data/modules/modulos.h"
 #include "entry/sessao.h"
 #include "entry/settings/configuracao.h"
-#include "generation/precos/precos.h"
+#include "precos/precos.h"
 #include "screens/auxiliary/tolvanf02.h"
 #include "screens/janelas.h"
 #include "screens/relato.h"

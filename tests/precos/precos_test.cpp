@@ -12,7 +12,7 @@
 #include "data/modules/modulos.h"
 #include "data/schema/esquema.h"
 #include "entry/sessao.h"
-#include "generation/precos/precos.h"
+#include "precos/precos.h"
 
 using namespace ztolvan;
 using namespace ztolvan::teste;
@@ -114,6 +114,10 @@ TEST_F(Aritmetica, CustoLiquidoEAliquotaDeSubstituicaoDaCompra) {
     // y = 1600.08 / 16 / 100 = 1.00005: the tie goes to the even 1.0000.
     EXPECT_DOUBLE_EQ(AliquotaSubstituicao(16, 0.0008), 0);
     EXPECT_DOUBLE_EQ(AliquotaSubstituicao(16, 0.0024), 0.02); // 1.00015 -> 1.0002
+    // One-decimal rates: y = 1610 / 11.1 / 100 = 1.450450.. is one value,
+    // 1.4505; made in two steps (145.0450, then a tie to even) it was 1.4504.
+    EXPECT_DOUBLE_EQ(AliquotaSubstituicao(11.1, 5), 45.05);
+    EXPECT_DOUBLE_EQ(AliquotaSubstituicao(7.3, 4.5), 61.64); // 1180 / 7.3 / 100 = 1.616438..
 }
 
 // PrecoTab 100 less 10% = 90; freight 5% = 4.5; packing 2% = 1.8; m = 1.4;
@@ -195,6 +199,22 @@ TEST_F(Aritmetica, BaseDeSubstituicaoArredondaOndeOSistemaArredonda) {
     it.ValRec = 50;
     it.QtdRec = 2;
     EXPECT_DOUBLE_EQ(BaseIcmsSub(it, std::nullopt, 1), 110);
+    // A rate with five decimals takes part whole: freight = 10000 x 1.23456 /
+    // 100 = 123.456 (not 123.46 from a rate cut to 1.2346); m = 2.5.
+    it = A_MTBPECIT_t{};
+    it.PrecoTab = 10000;
+    it.Frete = 1.23456;
+    it.SitTrib = "3";
+    it.PercICMSS = 150;
+    it.ValRec = 10000;
+    it.QtdRec = 1;
+    EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), 25308.64, 1e-9);
+    // The same for a discount: 10000 x (100 - 12.34567) = 876543.3 -> / 100.
+    it.Frete = 0;
+    it.Desc1 = 12.34567;
+    it.Emb = 10;
+    it.PercIPI = 10; // ipi = (8765.433 + 876.5433) x 10% = 964.19763 -> 964.1976
+    EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), 2.5 * (10000 + 964.1976), 1e-9);
 }
 
 // Classification against real rate tables.

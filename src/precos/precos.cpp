@@ -1,4 +1,4 @@
-#include "generation/precos/precos.h"
+#include "precos/precos.h"
 
 #include <array>
 #include <cmath>
@@ -11,7 +11,7 @@
 #include "common/texto.h"
 #include "data/modules/modulos.h"
 #include "entry/sessao.h"
-#include "generation/precos/trapa.h"
+#include "precos/trapa.h"
 
 namespace ztolvan {
 
@@ -182,6 +182,15 @@ double CustoLiquido(const A_MTBCUS_t& c) {
     return custo;
 }
 
+namespace {
+
+// A fixed-point value times a rate: the product is made from the exact
+// operands and becomes a Moeda once (ties to even); the rate itself is never
+// cut to four decimals first.
+Moeda Vezes(Moeda m, double fator) { return Moeda::DeDuplo(SemEstouro(m.Duplo() * fator)); }
+
+} // namespace
+
 // Fixed point throughout: every product and quotient is a Moeda when made
 // (ties to even); where the system rounds, the quotient goes through the
 // four-decimal format instead (halves away from zero).
@@ -189,7 +198,8 @@ double AliquotaSubstituicao(double a, double b) {
     const Moeda cem = Moeda::DeDezMilesimos(1000000);
     const Moeda x = Moeda::DeDuplo(SemEstouro((a + b) * 100));
     if (a == 0) a = 1;
-    const Moeda y = x / Moeda::DeDuplo(a) / cem;
+    // x / a / 100 is one value, converted once.
+    const Moeda y = Moeda::DeDuplo(SemEstouro(x.Duplo() / a / 100));
     return ArredondaValorCurto((cem * y - cem).Duplo());
 }
 
@@ -203,8 +213,7 @@ namespace {
 
 // p × percentage / 100, rounded to four decimals as the system does.
 Moeda PercentualArredondado(Moeda base, double percentual) {
-    const Moeda produto = base * Moeda::DeDuplo(percentual);
-    return Moeda::DeDuplo(ArredondaQuatro(produto.Duplo() / 100));
+    return Moeda::DeDuplo(ArredondaQuatro(Vezes(base, percentual).Duplo() / 100));
 }
 
 } // namespace
@@ -213,7 +222,7 @@ double BaseIcmsSub(A_MTBPECIT_t& it, std::optional<double> ipiCusto, int16_t fla
     const Moeda zero, um = Moeda::DeDezMilesimos(10000), cem = Moeda::DeDezMilesimos(1000000);
     Moeda custo = Moeda::DeDuplo(it.PrecoTab != 0 ? it.PrecoTab : it.ValUnit);
     for (double d : Descontos(it.Desc1, it.Desc2, it.Desc3, it.Desc4, it.Desc5, it.Desc6, it.Desc7, it.Desc8))
-        if (d != 0) custo = custo * Moeda::DeDuplo(SemEstouro(100 - d)) / cem;
+        if (d != 0) custo = Vezes(custo, 100 - d) / cem;
     if (it.FreteEmbut != 0) custo = custo + PercentualArredondado(custo, it.FreteEmbut);
     const Moeda frete = it.Frete != 0 ? PercentualArredondado(custo, it.Frete) : zero;
     const Moeda embalagem = it.Emb != 0 ? PercentualArredondado(custo, it.Emb) : zero;

@@ -1,4 +1,4 @@
-#include "generation/precos/trapa.h"
+#include "precos/trapa.h"
 
 #include "common/mensagens.h"
 #include "entry/sessao.h"
