@@ -112,9 +112,18 @@ void GeraCompra(TelaGeracao& t) {
         ChaveMTBPEC().Empresa = s.Empresa;
         ChaveMTBPEC().NumPed = s.NumDoc;
         cab.Funcao = "FSEL001";
-        cab.Transacao = "REQUERY";
+        cab.Transacao = "OPEN";
         MTBPEC();
+        // One number may hold the orders of several suppliers: this order's
+        // header is the session's supplier's, never another's.
+        while (ComunicaAtual().Status == status::Ok && cab.CodFor != s.CodFor) {
+            cab.Transacao = "NEXT";
+            MTBPEC();
+        }
         if (!LeituraNormal()) Avisa("Erro na Leitura do Pedido " + ComunicaAtual().Msg, msg::Critico);
+        if (ComunicaAtual().Status != status::Ok) Limpa(cab);
+        cab.Transacao = "CLOSE";
+        MTBPEC();
 
         linha = 30;
         A_MTBPECIT_t& it = A_MTBPECIT();

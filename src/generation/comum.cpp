@@ -81,7 +81,11 @@ void Desfaz() {
 
 bool Inserido(const LinhaGrade& l) {
     const Comunica& c = ComunicaAtual();
-    if (c.Status == status::Ok) return true;
+    if (c.Status == status::Ok) {
+        // The host reads 0 as "a line was generated": an accepted insert is one.
+        SessaoAtual().StatusRet = 0;
+        return true;
+    }
     if (c.Status == status::ChaveExiste)
         Avisa("Produto " + l.equivalente + CR + l.descricao + CR + " JÁ EXISTE NO DOCUMENTO!");
     else
@@ -107,7 +111,6 @@ bool Confirma(RegistroModulo& registro, void (*modulo)(), int32_t item) {
         Desfaz();
         return false;
     }
-    SessaoAtual().StatusRet = 0;
     EstadoAtual().itens.push_back(item);
     return true;
 }

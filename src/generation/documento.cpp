@@ -159,9 +159,8 @@ void GeraDocumento(TelaGeracao& t) {
             if (tipo1) {
                 it.ValUnit = usaPrecoItem4 && mat.PrcItem4 > 0 ? mat.PrcItem4 : mat.UltCValor;
             } else {
-                bool semPreco = false;
-                it.ValUnit = PrecoPromocional("TolvanF01", &semPreco);
-                if (semPreco) continue; // reported; no item at an unknown price
+                // A trapped price error is reported there; the row goes on with 0.
+                it.ValUnit = PrecoPromocional("TolvanF01");
                 it.ClFisIPI = eq.ClasFiscal;
                 it.PercIPI = eq.IPI;
                 if (mat.PerComis > 0) {
@@ -193,11 +192,10 @@ void GeraDocumento(TelaGeracao& t) {
             }
 
             linha = 50;
-            // Taxes unknown: the item is not written with another item's.
-            if (!Calcula_Tributos(eq.SitTrib.str(), s.DadosVenda2 != 0, s.DadosVenda3, s.DadosVenda4,
-                                  s.DadosVenda5, s.DadosVenda6, s.DadosVenda1, eq.PercIsen, eq.CodICMSS,
-                                  s.NatOper))
-                continue;
+            // A trapped error there is reported and leaves the taxes as the
+            // emptied record holds them; the row is still written.
+            Calcula_Tributos(eq.SitTrib.str(), s.DadosVenda2 != 0, s.DadosVenda3, s.DadosVenda4, s.DadosVenda5,
+                             s.DadosVenda6, s.DadosVenda1, eq.PercIsen, eq.CodICMSS, s.NatOper);
 
             linha = 60;
             it.ValTotal = SemEstouro(it.QtdMat * it.ValUnit);

@@ -139,7 +139,16 @@ void BancoTeste::Direto(const std::string& sql) {
 void ConectorGravador::Processa(int16_t& Conexao, std::string& Transacao, int16_t& Cursor,
                                 std::string& Status, std::string& Msg, Valor& Dados, Valor& Retorno) {
     Chamada ch{Transacao, Cursor, Dados.eTexto() ? Dados.texto() : std::string(), {}};
-    real_->Processa(Conexao, Transacao, Cursor, Status, Msg, Dados, Retorno);
+    if (falha && falha(Transacao)) {
+        if (Transacao == "COMMIT") {
+            std::string desfaz = "ROLLBACK";
+            real_->Processa(Conexao, desfaz, Cursor, Status, Msg, Dados, Retorno);
+        }
+        Status = "99";
+        Msg = "falha simulada";
+    } else {
+        real_->Processa(Conexao, Transacao, Cursor, Status, Msg, Dados, Retorno);
+    }
     ch.Status = Status;
     chamadas.push_back(std::move(ch));
 }

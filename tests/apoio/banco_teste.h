@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -76,6 +77,9 @@ class ConectorGravador : public ConectorBD {
     bool RetemAlteracoes(bool reter, std::string& msg) override { return real_->RetemAlteracoes(reter, msg); }
 
     std::vector<Chamada> chamadas;
+    // A fault to play: when it answers true for a call, the call fails with
+    // "99" and "falha simulada"; a failed COMMIT rolls the unit back.
+    std::function<bool(const std::string& transacao)> falha;
     // Statements run through the database object, in order.
     std::vector<std::string> consultas;
     std::vector<std::string> Palavras() const;

@@ -273,12 +273,18 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
     // The sale price instead of the cost, and another supplier's order of
     // the same number numbers its items apart.
     Ajuste("COMPRA PRCVEN", "SIM");
-    db->Direto("INSERT INTO TBPEC (Empresa, NumPed, CodFor, NatOper) VALUES (1, 1, 106, 1102)");
+    db->Direto("INSERT INTO TBPEC (Empresa, NumPed, CodFor, NatOper) VALUES (1, 1, 106, 2102)");
     EXPECT_EQ(Gera("C", Valor::Lista{1102, 106}, "000101", 1, Linhas({"1001"})), 0);
     ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 106 AND Item = 10"));
     EXPECT_EQ(l.ValUnit, 24.9);
     EXPECT_EQ(l.PrecoTab, 0) << "no cost record for supplier 106";
     EXPECT_EQ(l.PercIPI, 10) << "without a cost record the equivalence's IPI stays";
+    EXPECT_EQ(l.NatOper, 2102) << "the header of the session's supplier, not the first of the number";
+    // A supplier with no header of its own under this number: an empty one.
+    EXPECT_EQ(Gera("C", Valor::Lista{1102, 104}, "000101", 1, Linhas({"1001"})), 0);
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 104 AND Item = 10"));
+    EXPECT_EQ(l.NatOper, 0);
+    EXPECT_EQ(Mostradas().size(), 1u) << "no header is no error";
 }
 
 TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
@@ -352,6 +358,45 @@ TEST_P(Geracao, ProdutoDesconhecidoIndisponivelEErroDeExecucao) {
     EXPECT_EQ(Mostradas()[0].Titulo, "Aviso");
     EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{10, 20}));
     EXPECT_EQ(Conta("SELECT COUNT(*) FROM TBPEVIT WHERE NumPed = 1"), 2);
+    // In a store document the same fault ends only Calcula_Tributos: its
+    // report, and the row is written with the emptied record's taxes.
+    db->mensagens->Limpa();
+    EXPECT_EQ(Gera("D", VendaRJ, "000102", 1, Linhas({"1001", "1003", "1005"}), 2), 0);
+    ASSERT_EQ(Mostradas().size(), 1u) << Textos().front();
+    EXPECT_EQ(Mostradas()[0].Texto, "Atenção! erro não previsto na função - Calcula_Tributos");
+    EXPECT_EQ(ItensGerados(), (std::vector<int32_t>{600, 700, 800}));
+    A_MTBDOCIT_t l;
+    ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 700"));
+    EXPECT_EQ(Apara(l.CodMat2.str()), "1003");
+    EXPECT_EQ(Apara(l.SitTrib.str()), "");
+    EXPECT_EQ(l.PercICMS + l.PercICMSS, 0);
+    EXPECT_GT(l.ValUnit, 0) << "the price was set before the taxes";
+    ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 800"));
+    EXPECT_NE(Apara(l.SitTrib.str()), "") << "the next row has its own taxes";
+}
+
+// The return status turns 0 when an insert is accepted, as the host reads
+// "a line was generated"; a commit refused after it keeps its own message
+// and leaves nothing of the row.
+TEST_P(Geracao, InsertAceitoDevolveZeroMesmoComOCommitRecusado) {
+    componente.reset();
+    FechaConexao();
+    ConectorGravador* gravador = GravaChamadas(GetParam());
+    componente = std::make_unique<consultalista>();
+    ASSERT_EQ(ComunicaAtual().Status, "00") << ComunicaAtual().Msg;
+    // The item's COMMIT, not the header's after the loop.
+    gravador->falha = [primeiro = true](const std::string& t) mutable {
+        if (t != "COMMIT" || !primeiro) return false;
+        primeiro = false;
+        return true;
+    };
+    EXPECT_EQ(Gera("V", VendaRJ, "000101", 1, Linhas({"1001"})), 0);
+    ASSERT_EQ(Mostradas().size(), 1u) << ::testing::PrintToString(Textos());
+    EXPECT_EQ(Mostradas()[0].Texto,
+              "Erro no Commit..\\ Comunica.Transacao=COMMIT\\ Comunica.Msg=falha simulada\\ Comunica.Status99");
+    gravador->falha = nullptr;
+    EXPECT_EQ(Conta("SELECT COUNT(*) FROM TBPEVIT WHERE NumPed = 1"), 0);
+    EXPECT_TRUE(ItensGerados().empty());
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(Geracao);
