@@ -28,9 +28,11 @@ bool PreCondicao(const TelaGeracao& t) {
 std::string PrefixoAgrupamento(const TelaGeracao& t) {
     const Sessao& s = SessaoAtual();
     if (Normaliza(s.DescricaoAgrupamento) != "SIM") return {};
-    // A count that is not a number reads as 0; a negative one as 0 too.
+    // A count that is not a number reads as 0 (a lone blank); a negative one
+    // is no count at all: no prefix.
     const double n = Val(s.QtdPosicoesAgrupamento);
-    return Esquerda(t.NomeAgrupamento, n > 0 ? static_cast<size_t>(CLng(n)) : 0) + " ";
+    if (n < 0) return {};
+    return Esquerda(t.NomeAgrupamento, static_cast<size_t>(CLng(n))) + " ";
 }
 
 bool Marcada(Grade& g, int linha) {

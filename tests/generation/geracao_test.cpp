@@ -105,6 +105,17 @@ TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
     // A second generation continues the numbering.
     EXPECT_EQ(Gera("V", VendaRJ, "000101", 1, Linhas({"1003"})), 0);
     EXPECT_EQ(ItensGerados(), std::vector<int32_t>{30});
+
+    // A count of 0 leaves a lone blank before the description; a negative
+    // count, no prefix at all, and so no grouping code either.
+    const std::string nome = Apara(CStr(Um("SELECT DscItem FROM TBMATAG WHERE Codigo = '000101' AND CodItem = '1003'")));
+    for (const auto& [conta, dsc] : {std::pair{"0", "000101 /  " + nome}, std::pair{"-3", nome}}) {
+        db->Direto(std::string("UPDATE TBREGSRV SET valor = '") + conta + "' WHERE chave = 'Qtd Posicoes Agrupamento'");
+        EXPECT_EQ(Gera("V", VendaRJ, "000101", 1, Linhas({"1003"})), 0);
+        ASSERT_EQ(ItensGerados().size(), 1u);
+        ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = " + std::to_string(ItensGerados()[0])));
+        EXPECT_EQ(Apara(l.DscMat.str()), dsc) << conta;
+    }
 }
 
 TEST_P(Geracao, VendaSemEstoquePerguntaEPedeODireitoETipoDaLinhaViraPadrao) {
