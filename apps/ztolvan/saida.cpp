@@ -13,11 +13,14 @@ namespace {
 using Campos = std::vector<std::pair<std::string, Valor>>;
 
 Campos CamposDoResultado(const Resultado& r) {
-    return {{"ZCodigo", Valor(static_cast<int64_t>(r.ZCodigo))},
-            {"Zstatusret", Valor(static_cast<int64_t>(r.Zstatusret))},
-            {"zstatus", Valor(static_cast<int64_t>(r.zstatus))},
-            {"zstatusmens", Valor(r.zstatusmens)},
-            {"ZDadosVendas", r.ZDadosVendas}};
+    Campos c = {{"ZCodigo", Valor(static_cast<int64_t>(r.ZCodigo))},
+                {"Zstatusret", Valor(static_cast<int64_t>(r.Zstatusret))},
+                {"zstatus", Valor(static_cast<int64_t>(r.zstatus))},
+                {"zstatusmens", Valor(r.zstatusmens)}};
+    // ZDadosVendas is an answer only when the call says so (Zstatusret 0);
+    // otherwise it holds whatever an earlier call or the host left there.
+    if (r.Zstatusret == 0) c.emplace_back("ZDadosVendas", r.ZDadosVendas);
+    return c;
 }
 
 Campos CamposDaSessao(const Sessao& s) {

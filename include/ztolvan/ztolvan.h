@@ -31,7 +31,11 @@ void zt_destroi(zt_consultalista* c);
  * boundary; the full length is returned
  * in *dados_saida_len when not NULL). zstatusmens likewise. The optional
  * by-reference numbers may be NULL (omitted). Returns 0, or -1 when a
- * required pointer is NULL. */
+ * required pointer is NULL.
+ *
+ * Read dados_saida (ZDadosVendas) only when *Zstatusret is 0. When the
+ * operator leaves without confirming, Zstatusret stays 1 and dados_saida
+ * holds what the last consultation of this thread left, not an answer. */
 int zt_processa(zt_consultalista* c, int16_t* zEmpresa, const char* zoperador, const char* Zsenha,
                 int16_t* zopcao, int32_t* ZCodigo, const char* Zorigem, int32_t* Znumdoc, int16_t* Ztpmov,
                 int16_t* Zstatusret, int16_t* zstatus, char* zstatusmens, size_t zstatusmens_tam,

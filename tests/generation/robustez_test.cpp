@@ -264,13 +264,16 @@ TEST_P(ValoresHostis, NulosTextosLongosQuantidadesNegativasSituacaoEAliquotaAbsu
     auto marcaTudo = [](TolvanF01& f) { f.sbMarcarTodosDaTela(); };
 
     // Store document: the two products whose taxes cannot be worked out are
-    // reported by Calcula_Tributos and left out; the rest is written.
+    // reported by Calcula_Tributos and still written, without taxes.
     EXPECT_EQ(Gera("D", VendaSP, "000108", 1, marcaTudo, 2), 0);
     std::vector<std::string> t = Textos();
     EXPECT_EQ(std::count(t.begin(), t.end(), "Atenção! erro não previsto na função - Calcula_Tributos"), 2);
     EXPECT_EQ(t.size(), 2u);
-    EXPECT_EQ(ItensGerados().size(), 3u);
+    EXPECT_EQ(ItensGerados().size(), 5u);
     A_MTBDOCIT_t d;
+    ASSERT_TRUE(Le(d, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND CodMat2 = '1015'"));
+    EXPECT_EQ(Apara(d.SitTrib.str()), "");
+    EXPECT_EQ(d.PercICMS, 0);
     ASSERT_TRUE(Le(d, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND CodMat2 = '1012'"));
     EXPECT_EQ(d.QtdMat, -3);
     EXPECT_EQ(d.ValTotal, -3 * d.ValUnit);

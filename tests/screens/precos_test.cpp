@@ -128,6 +128,50 @@ TEST_P(Precos, DadosDeVendaByteAByteComESemONomeDoAgrupamento) {
     EXPECT_EQ(SessaoAtual().StatusRet, 0);
 }
 
+// The name prefix is always the name of the grouping whose items go out:
+// OK without Enter, and OK after Enter on one code and an edit to another.
+// A line whose price cannot be worked out hands nothing back, however the
+// screen is then left.
+TEST_P(Precos, OkVendeOCodigoDoCampoComONomeDeleEPrecoQueFalhaNaoDevolveNada) {
+    Ajuste("Descricao Agrupamento Produto", "SIM");
+    Ajuste("Qtd Posicoes Agrupamento", "5");
+    const std::string esperado = Linha("2001", "E2001", "1", "[CESTA] " + TextoFixo("ARROZ TIPO 1", 60), "10") +
+                                 Linha("2002", "E2002", "0,5", "[CESTA] " + TextoFixo("FEIJAO CARIOCA", 60), "1234,5");
+    Abre([&](TolvanF07& f) {
+        f.TCodigo.Digita("PDV01");
+        f.BTOk.Click();
+        EXPECT_FALSE(f.Carregada());
+    });
+    EXPECT_EQ(Retorno(), esperado) << "OK without Enter";
+    SessaoAtual().StatusRet = 1;
+    Abre([&](TolvanF07& f) {
+        f.TCodigo.Digita("000103");
+        f.Tecla(&f.TCodigo, tecla::Enter, 0);
+        EXPECT_EQ(f.LNome.Caption, "Kit limpeza da casa");
+        f.TCodigo.Text = "PDV01";
+        f.BTOk.Click();
+        EXPECT_EQ(f.LNome.Caption, "CESTA BASICA");
+    });
+    EXPECT_EQ(Retorno(), esperado) << "OK after an edit";
+    EXPECT_TRUE(Mostradas().empty()) << Textos().front();
+
+    // Only the file database keeps an infinite value (the server's
+    // "Infinity" reads as 0, not a number of the system's).
+    if (GetParam() != Kind::Sqlite) return;
+    db->Direto("UPDATE TBMATEQ SET VALOR = 9e999 WHERE CODEQUIV = 'E2002'");
+    SessaoAtual().StatusRet = 1;
+    Abre([&](TolvanF07& f) {
+        f.TCodigo.Digita("PDV01");
+        f.BTOk.Click();
+        EXPECT_TRUE(f.Carregada()) << "the screen stays open";
+        f.Tecla(&f.TCodigo, tecla::Esc, 0);
+        EXPECT_FALSE(f.Carregada());
+    });
+    EXPECT_EQ(Retorno(), "") << "no line of the failed sale";
+    EXPECT_EQ(SessaoAtual().StatusRet, 1);
+    EXPECT_EQ(Mostradas().size(), 1u);
+}
+
 TEST_P(Precos, OkRecusaCodigoEQuantidadeEAgrupamentoInativoOuSemItens) {
     Abre([&](TolvanF07& f) {
         f.BTOk.Click();

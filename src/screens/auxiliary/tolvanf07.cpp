@@ -252,11 +252,11 @@ void TolvanF07::sbSair() {
     });
 }
 
-std::string TolvanF07::PrefixoNome() const {
+std::string TolvanF07::PrefixoNome(const std::string& nome) {
     const Sessao& s = SessaoAtual();
     if (Normaliza(s.DescricaoAgrupamento) != "SIM") return {};
     const double n = std::max(0.0, Val(s.QtdPosicoesAgrupamento));
-    return "[" + Esquerda(Apara(LNome.Caption), static_cast<size_t>(n)) + "] ";
+    return "[" + Esquerda(Apara(nome), static_cast<size_t>(n)) + "] ";
 }
 
 std::string TolvanF07::LinhaDadosVenda(const std::string& codItem, const std::string& codEquiv, double qtd,
@@ -288,26 +288,33 @@ void TolvanF07::sbGeraDadosVenda(int& linha) {
     linha = 30;
     s.DadosRetorno = Valor(std::string());
     const double fator = Val(TxQtdGera.Text);
-    const std::string prefixo = PrefixoNome();
+    // The name is the one of the grouping whose items go out, read with
+    // them: never a label left by an earlier code.
+    std::string prefixo;
+    if (c.Status == status::Ok) {
+        LNome.Caption = AparaDireita(ag.Nome.str());
+        prefixo = PrefixoNome(ag.Nome.str());
+    }
     std::string texto;
     while (c.Status == status::Ok) {
         linha = 40;
         bool precoLido = false;
         const double preco = PrecoPromocional(precoLido);
         if (!precoLido) {
-            // No line may go out without its price: the sale is not handed back.
+            // No line may go out without its price: nothing of the sale is
+            // handed back, whichever way the screen is left.
             fecha();
             return;
         }
         texto +=
             LinhaDadosVenda(ag.CodItem, ag.CodEquiv, fator * ag.Qtd, prefixo, A_MTBMATEQ().DscItem, preco);
-        s.DadosRetorno = Valor(texto);
         linha = 50;
         ag.Funcao = "FSEL010";
         ag.Transacao = "NEXT";
         MTBMATAG();
         if (c.Status != status::SemLinha && c.Status != status::Ok) {
             const std::string erro = c.Msg;
+            s.DadosRetorno = Valor(texto); // the lines built so far stay
             fecha();
             MostraMensagem("Comando Incorreto " + erro, msg::Informacao, BarraTitulo1.Caption);
             Beep();
@@ -316,6 +323,7 @@ void TolvanF07::sbGeraDadosVenda(int& linha) {
     }
     linha = 60;
     fecha();
+    s.DadosRetorno = Valor(texto);
     if (!Apara(texto).empty()) s.StatusRet = 0;
     linha = 70;
     DoEvents();

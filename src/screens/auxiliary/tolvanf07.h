@@ -55,7 +55,7 @@ class TolvanF07 : public Tela {
     // the handler that called it (OK), 'linha' quoting the step.
     void sbGeraDadosVenda(int& linha);
     // "[first n letters of the name] " when the setting asks for it.
-    std::string PrefixoNome() const;
+    static std::string PrefixoNome(const std::string& nome);
     // The code field is a grouping code the table can hold.
     bool CodigoCabe();
     void PosicionaChave();
