@@ -200,7 +200,7 @@ TEST_F(JanelasReais, TipoDoAgrupamentoRecusadoPerguntadoEAplicadoPeloTeclado) {
         for (int r = 1; r < g.Rows(); ++r)
             if (Apara(g.TextMatrix(r, 0)) == codigo) g.Seleciona(r, 0);
         consulta.MSFGAgrupamento_Click();
-        TolvanF08 f(g, &consulta.GCon1);
+        TolvanF08 f(g);
         // As the consultation screen opens it: loaded, then told the row's code.
         f.Carrega();
         f.TxCodigo.Text = codigo;

@@ -115,6 +115,56 @@ TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
         EXPECT_EQ(std::count(c.begin(), c.end(), sql), 1) << sql;
 }
 
+// A save that keeps the type is never refused for prices: 000102 holds a
+// product with no equivalence at all, and a type-2 grouping's items have
+// prices in type 2 only while the session shows type 1. A change of type
+// counts the items' own equivalence codes, not the item grid's.
+TEST_P(Manutencao, TipoMantidoNuncaRecusadoETrocaContaOsCodigosDosItens) {
+    Mantem("000102", [&](TolvanF08& m) {
+        m.TxNome.Text = "Cesta econômica";
+        m.bttIncluir.Click();
+        EXPECT_FALSE(m.Carregada());
+    });
+    EXPECT_TRUE(mensagens->Mostradas().empty()) << mensagens->Mostradas().front().Texto;
+    EXPECT_EQ(Linhas("CODIGO = '000102' AND NOME <> 'Cesta econômica'"), 0);
+
+    db->Direto("INSERT INTO TBMATEQ (EMPRESA, CODEQUIV, TIPO, CODITEM, VALOR, DSCITEM) VALUES "
+               "(1, 'SO-T2-A', 2, '1001', 5, 'ARROZ'), (1, 'SO-T2-B', 2, '1002', 6, 'FEIJAO')");
+    db->Direto("INSERT INTO TBMATAG (EMPRESA, CODIGO, NOME, ITEM, CODITEM, CODEQUIV, DSCITEM, QTD, STTR, TIPO) "
+               "VALUES (1, '000199', 'So tipo dois', 1, '1001', 'SO-T2-A', 'Arroz', 1, 0, 2), "
+               "(1, '000199', 'So tipo dois', 2, '1002', 'SO-T2-B', 'Feijao', 1, 0, 2), "
+               "(1, '000198', 'Muda de tipo', 1, '1002', 'SO-T2-B', 'Feijao', 1, 0, 1)");
+    Mantem("000199", [&](TolvanF08& m) {
+        EXPECT_EQ(m.cbTipo.Text(), "2");
+        m.CmbSituacao.Seleciona(1);
+        m.bttIncluir.Click();
+        EXPECT_FALSE(m.Carregada());
+    });
+    EXPECT_TRUE(mensagens->Mostradas().empty()) << mensagens->Mostradas().front().Texto;
+    EXPECT_EQ(Linhas("CODIGO = '000199' AND STTR = 1 AND TIPO = 2"), 2);
+
+    // To type 1, where neither has a price: refused, both named.
+    Mantem("000199", [&](TolvanF08& m) {
+        m.cbTipo.Seleciona(0);
+        m.bttIncluir.Click();
+        EXPECT_TRUE(m.Carregada());
+        m.Tecla(nullptr, tecla::Esc, 0);
+    });
+    ASSERT_EQ(mensagens->Mostradas().size(), 1u);
+    EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Não existe Tipo 1 para todos os itens nesse agrupamento.");
+    EXPECT_EQ(mensagens->detalhes.back(), "Itens sem preço neste tipo:\nSO-T2-A - Arroz\nSO-T2-B - Feijao");
+
+    // A type-1 grouping whose item is priced in type 2 only moves to type 2.
+    mensagens->Responde(msg::RespostaOK);
+    Mantem("000198", [&](TolvanF08& m) {
+        m.cbTipo.Seleciona(1);
+        m.bttIncluir.Click();
+        EXPECT_FALSE(m.Carregada());
+    });
+    EXPECT_EQ(mensagens->Mostradas().back().Texto, "Tipo de Preço do Agrupamento será alterado para todos os itens.");
+    EXPECT_EQ(Linhas("CODIGO = '000198' AND TIPO = 2"), 1);
+}
+
 TEST_P(Manutencao, TrocaDeTipoPerguntadaCanceladaEDepoisGravadaEmTodasAsLinhas) {
     Mantem(
         "000103",

@@ -38,8 +38,7 @@ template <class F> bool ProtegidoTipos(const char* procedimento, F&& corpo) {
 
 } // namespace
 
-TolvanF08::TolvanF08(Grade& agrupamentos, const Grade* itens)
-    : Tela("TolvanF08"), agrupamentos_(agrupamentos), itens_(itens) {
+TolvanF08::TolvanF08(Grade& agrupamentos) : Tela("TolvanF08"), agrupamentos_(agrupamentos) {
     Caption = "Form1";
     Registra(shContorno, "shContorno", 20, 20, 7200, 4300);
     Registra(BarraTitulo1, "BarraTitulo1", 45, 45, 7110, 375);
@@ -238,19 +237,27 @@ void TolvanF08::sbPreecheComboTipoMat(const std::string& tipoAtual) {
     });
 }
 
-void TolvanF08::fnContaTipoEquivalencia(const std::string& codEquiv, int16_t& quantidade) {
-    quantidade = 0;
-    const std::string sql = std::string("SELECT COUNT(*) AS QUANTIDADE") + " FROM TBMATEQ" +
-                            " WHERE EMPRESA = " + TextoDecimal(SessaoAtual().Empresa) + " AND CODEQUIV = '" +
-                            DobraAspas(codEquiv) + "'" + " AND TIPO = '" +
-                            TextoDecimal(Troca().TipoAgrupamento) + "'";
+std::optional<std::vector<std::string>> TolvanF08::fnItensSemTipo(int16_t tipo) {
+    // The grouping's own rows carry each item's equivalence code, whatever
+    // the price type the item grid was loaded in; one statement for all.
+    const std::string empresa = TextoDecimal(SessaoAtual().Empresa);
+    const std::string sql =
+        "SELECT T1.CODEQUIV, T1.DSCITEM FROM TBMATAG T1 WHERE T1.EMPRESA = " + empresa + " AND T1.CODIGO = '" +
+        DobraAspas(Apara(TxCodigo.Text)) + "' AND NOT EXISTS (SELECT 1 FROM TBMATEQ T3 WHERE T3.EMPRESA = " +
+        empresa + " AND T3.CODEQUIV = T1.CODEQUIV AND T3.TIPO = " + TextoDecimal(tipo) + ") ORDER BY T1.ITEM";
     clsBancoDados bd;
     bd.fcAbreBancoDadosVeltra(1);
     ResultadoComando r = bd.fcExecutaComando(1, sql, false);
-    if (!Ok(r)) return;
+    if (!Ok(r)) return std::nullopt;
+    std::vector<std::string> faltam;
     RecordSet& rs = r.rsDadosRetorno;
-    rs.MoveFirst();
-    if (!rs.Eof()) quantidade = CInt(rs.Fields("QUANTIDADE").Value);
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        std::string codigo = Apara(CStr(rs.Fields("CODEQUIV").Value));
+        if (codigo.empty()) codigo = "(sem equivalência)";
+        const std::string descricao = Apara(CStr(rs.Fields("DSCITEM").Value));
+        faltam.push_back(codigo + (descricao.empty() ? "" : " - " + descricao));
+    }
+    return faltam;
 }
 
 bool TolvanF08::MoveToTBMATAG() {
@@ -261,21 +268,6 @@ bool TolvanF08::MoveToTBMATAG() {
         a.Nome = Apara(TxNome.Text);
         a.Observacao = Apara(txtObservacao.Text);
     });
-}
-
-std::string TolvanF08::ItensSemPreco(const std::vector<size_t>& faltam) const {
-    const std::vector<std::string>& codigos = Troca().CodEquivItens;
-    std::string texto = "Itens sem preço neste tipo:";
-    for (size_t k : faltam) {
-        std::string codigo = Apara(codigos[k]);
-        if (codigo.empty()) codigo = "(sem equivalência)";
-        const int linha = static_cast<int>(k) + 1;
-        std::string descricao;
-        if (itens_ && linha < itens_->Rows() && itens_->Cols() > TolvanF01::ColDescricao)
-            descricao = Apara(itens_->TextMatrix(linha, TolvanF01::ColDescricao));
-        texto += "\n" + codigo + (descricao.empty() ? "" : " - " + descricao);
-    }
-    return texto;
 }
 
 bool TolvanF08::FazCommit() {
@@ -314,21 +306,25 @@ void TolvanF08::bttIncluir_Click() {
         a.Tipo = CInt(Valor(cbTipo.Text()));
         t.TipoAgrupamento = a.Tipo;
         linha = 60;
-        std::vector<size_t> faltam;
-        for (size_t k = 0; k + 1 < t.CodEquivItens.size(); ++k) {
-            int16_t quantidade = 0;
-            fnContaTipoEquivalencia(t.CodEquivItens[k], quantidade);
-            if (quantidade == 0) faltam.push_back(k);
-        }
-        if (!faltam.empty()) {
-            cbTipo.ListIndex = IndiceTipoOriginal;
-            MostraMensagem("Não existe Tipo " + TextoDecimal(a.Tipo) +
-                               " para todos os itens nesse agrupamento.",
-                           msg::Critico, "AVISO", ItensSemPreco(faltam), s.Operador, "bttIncluir");
-            return;
+        // Only a new type can leave an item without a price; a save that
+        // keeps the type is never refused for it.
+        const bool trocaTipo = cbTipo.ListIndex != IndiceTipoOriginal;
+        if (trocaTipo) {
+            const auto faltam = fnItensSemTipo(a.Tipo);
+            if (!faltam || !faltam->empty()) {
+                // Items that could not be checked are not taken as priced.
+                std::string detalhe = faltam ? "Itens sem preço neste tipo:" : "Não foi possível ler os itens.";
+                for (const std::string& item : faltam ? *faltam : std::vector<std::string>{})
+                    detalhe += "\n" + item;
+                cbTipo.ListIndex = IndiceTipoOriginal;
+                MostraMensagem("Não existe Tipo " + TextoDecimal(a.Tipo) +
+                                   " para todos os itens nesse agrupamento.",
+                               msg::Critico, "AVISO", detalhe, s.Operador, "bttIncluir");
+                return;
+            }
         }
         linha = 70;
-        if (cbTipo.ListIndex != IndiceTipoOriginal) {
+        if (trocaTipo) {
             const Valor r = MostraMensagem("Tipo de Preço do Agrupamento será alterado para todos os itens.",
                                            msg::OKCancelar, "Agrupamento");
             if (CDbl(r) != msg::RespostaOK) {
@@ -373,7 +369,7 @@ void TolvanF08::bttIncluir_Click() {
 }
 
 void AbreManutencao(TolvanF01& f, const std::string& codigo, bool ativo) {
-    TolvanF08 tela(f.MSFGAgrupamento, &f.GCon1);
+    TolvanF08 tela(f.MSFGAgrupamento);
     tela.Carrega();
     if (!tela.Carregada()) return;
     tela.TxCodigo.Text = codigo;

@@ -21,7 +21,7 @@ class TolvanF01;
 // there is one.
 class TolvanF08 : public Tela {
   public:
-    explicit TolvanF08(Grade& agrupamentos, const Grade* itens = nullptr);
+    explicit TolvanF08(Grade& agrupamentos);
 
     BarraTitulo BarraTitulo1;
     Moldura FrCadastro;
@@ -48,8 +48,9 @@ class TolvanF08 : public Tela {
     // nothing when the query failed.
     std::optional<std::vector<int16_t>> fnProcurarTipoMat();
     std::optional<std::vector<int16_t>> fnPreencheArrayTipoMat(RecordSet& rs);
-    // TBMATEQ rows of an equivalence code in TipoAgrupamento.
-    void fnContaTipoEquivalencia(const std::string& codEquiv, int16_t& quantidade);
+    // The grouping's items whose own equivalence code has no price in
+    // 'tipo', as "code - description"; nothing when the query failed.
+    std::optional<std::vector<std::string>> fnItensSemTipo(int16_t tipo);
     bool MoveToTBMATAG();
     bool FazCommit();
 
@@ -60,13 +61,9 @@ class TolvanF08 : public Tela {
     static std::string ComandoTipos();
 
   private:
-    // The detail of the missing-price message: the items at positions
-    // 'faltam' of CodEquivItens, "code - description" one a line.
-    std::string ItensSemPreco(const std::vector<size_t>& faltam) const;
     std::string CodigoDaLinha() const;
 
     Grade& agrupamentos_;
-    const Grade* itens_;
 };
 
 // Opens maintenance for the grouping of the consultation screen's selected
