@@ -70,7 +70,9 @@ class Relatorio {
         Faz(p_.DefineTamanho(12));
         LerAjuste(Ajuste::ImpressoraMatricial);
         if (Normaliza(SessaoAtual().ImpressoraMatricial) == "SIM") {
-            if (!p_.DefineFonte("Draft 12cpi")) p_.DefineFonte("Times New Roman");
+            // Without the printer's own draft face, a fixed-pitch one: the
+            // columns are laid out in characters and must line up.
+            if (!p_.DefineFonte("Draft 12cpi") && !p_.DefineFonte("Courier New")) p_.DefineFonte("Courier");
         } else {
             if (!p_.DefineFonte("Courier New")) p_.DefineFonte("Courier");
         }
@@ -139,6 +141,9 @@ class Relatorio {
         if (k.Status != status::Ok) {
             MostraMensagem("Erro status = " + k.Msg, msg::OK, "Agrupamento");
             Beep();
+            // Without the header the lines still print in their own size,
+            // or prices and totals would run off the page.
+            Faz(p_.DefineTamanho(9));
             return;
         }
         const A_MTBPAR_t& par = A_MTBPAR();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 
 #include "common/contexto.h"
 #include "common/formato.h"
@@ -158,11 +159,14 @@ TEST_P(Cotacoes, CabecalhoItensTotaisERodapeComoImpressosEFontesDeReserva) {
 
     db->Direto(
         "INSERT INTO TBREGSRV (USUARIO, CHAVE, VALOR) VALUES ('TESTE', 'IMPRESSORA MATRICIAL', 'sim')");
-    for (const char* ausente : {"", "Draft 12cpi"}) {
+    // The matrix printer's draft face, else a fixed-pitch one.
+    for (const auto& [ausentes, fonte] : {std::pair{std::set<std::string>{}, "Draft 12cpi"},
+                                          std::pair{std::set<std::string>{"Draft 12cpi"}, "Courier New"},
+                                          std::pair{std::set<std::string>{"Draft 12cpi", "Courier New"}, "Courier"}}) {
         impressora = std::make_shared<ImpressoraGravada>();
-        impressora->ausentes = {ausente};
+        impressora->ausentes = ausentes;
         ASSERT_TRUE(Imprime());
-        EXPECT_EQ(Pagina(0)[12].trechos[0].fonte, *ausente ? "Times New Roman" : "Draft 12cpi");
+        EXPECT_EQ(Pagina(0)[12].trechos[0].fonte, fonte);
     }
 }
 
@@ -189,6 +193,8 @@ TEST_P(Cotacoes, SemMarcasSemLinhasSemEmpresaOuComAImpressoraEmFalha) {
     EXPECT_EQ(Mostradas()[0].Texto.rfind("Erro status = ", 0), 0u);
     EXPECT_EQ(janelas->Conta("Bipe"), 1u);
     EXPECT_EQ(Numeros(0), std::vector<int>{1}) << "the items print without the header";
+    EXPECT_EQ(Pagina(0)[0].trechos[0].tamanho, 9) << "in their own size";
+    EXPECT_EQ(Pagina(0).back().trechos[0].tamanho, 9);
     db->mensagens->Limpa();
 
     SessaoAtual().Empresa = 1;

@@ -3,6 +3,7 @@
 // printer wrote.
 #include <QTimer>
 #include <filesystem>
+#include <regex>
 #include <unistd.h>
 
 #include "apoio/banco_teste.h"
@@ -87,6 +88,49 @@ TEST_F(ImpressaoQt, F4DaConsultaImprimeSessentaItensEmDuasPaginas) {
     EXPECT_NE(paginas[1].find("Obrigado e volte sempre"), std::string::npos);
     // "Courier New" is not on the machine: its metric twin printed.
     EXPECT_NE(Executa("pdffonts '" + pdf + "'").texto.find("LiberationMono"), std::string::npos);
+}
+
+// The matrix-printer setting on a machine without its draft face, and a
+// company that cannot be read (no page header): the columns print in a
+// fixed-pitch face, in their own size, every price inside the page.
+TEST_F(ImpressaoQt, MatricialSemEmpresaFicaNaPaginaEmFonteDePassoFixo) {
+    db.Direto("INSERT INTO TBREGSRV (USUARIO, CHAVE, VALOR) VALUES ('TESTE', 'IMPRESSORA MATRICIAL', 'SIM')");
+    SessaoAtual().Operador = "TESTE";
+    TolvanF01 f;
+    f.Carrega();
+    f.cboPesquisa.Seleciona(1);
+    f.txtPesquisa.Text = "COT60";
+    f.bttPesquisa_Click();
+    ASSERT_EQ(f.GCon1.Rows(), 61);
+    SessaoAtual().Empresa = 99;
+    mensagens->Responde(msg::RespostaOK);
+    {
+        ImpressoraQt p(QString(), QString::fromStdString(pdf));
+        ASSERT_TRUE(ImprimeCotacao(p, f, "", ""));
+    }
+    ASSERT_EQ(mensagens->Mostradas().size(), 2u) << "the company read failed on each page";
+    const std::string fontes = Executa("pdffonts '" + pdf + "'").texto;
+    EXPECT_NE(fontes.find("LiberationMono"), std::string::npos) << fontes;
+    EXPECT_EQ(fontes.find("Serif"), std::string::npos) << fontes;
+
+    // pdftotext -bbox: each word with its box; none may pass the page's width.
+    const std::string caixas = Executa("pdftotext -bbox '" + pdf + "' -").texto;
+    const std::regex pagina(R"re(<page width="([0-9.]+)")re"),
+        palavra(R"re(xMax="([0-9.]+)"[^>]*>([^<]*)</word>)re");
+    std::smatch m;
+    ASSERT_TRUE(std::regex_search(caixas, m, pagina)) << caixas.substr(0, 500);
+    const double largura = std::stod(m[1]);
+    int palavras = 0;
+    bool totalGeral = false;
+    std::string anterior;
+    for (auto i = std::sregex_iterator(caixas.begin(), caixas.end(), palavra); i != std::sregex_iterator(); ++i) {
+        ++palavras;
+        EXPECT_LE(std::stod((*i)[1]), largura) << (*i)[2] << " runs off the page";
+        if (anterior == "Geral" && std::isdigit(static_cast<unsigned char>((*i)[2].str()[0]))) totalGeral = true;
+        anterior = (*i)[2];
+    }
+    EXPECT_GT(palavras, 60 * 6);
+    EXPECT_TRUE(totalGeral) << "the grand total's value follows its label";
 }
 
 // Faces the machine lacks, a file that cannot be written and a job
