@@ -69,7 +69,7 @@ class MensagensDoTerminal : public PortaMensagens {
     explicit MensagensDoTerminal(bool sim) : sim_(sim) {}
     Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& T1,
                    const std::string&, const std::string&, int32_t, const std::string&) override {
-        mostradas.push_back({Texto, Tipo, Titulo});
+        mostradas.push_back({Texto, Tipo, Titulo, T1});
         std::string t = Texto;
         for (char& ch : t)
             if (ch == '\r') ch = '\n';

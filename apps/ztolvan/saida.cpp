@@ -129,7 +129,7 @@ std::string ComoJson(const Resultado& r) {
     if (r.mensagens) {
         Json m = Json::array();
         for (const MensagemMostrada& x : *r.mensagens)
-            m.push_back({{"Texto", x.Texto}, {"Tipo", x.Tipo}, {"Titulo", x.Titulo}});
+            m.push_back({{"Texto", x.Texto}, {"Tipo", x.Tipo}, {"Titulo", x.Titulo}, {"Detalhe", x.Detalhe}});
         o["mensagens"] = std::move(m);
     }
     if (r.itens) o["itens"] = *r.itens;

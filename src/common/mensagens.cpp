@@ -19,9 +19,9 @@ int PrimeiroBotao(int32_t tipo) {
 }
 
 Valor MensagensGravadas::fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo,
-                                  const std::string&, const std::string&, const std::string&, int32_t,
+                                  const std::string& Texto1, const std::string&, const std::string&, int32_t,
                                   const std::string&) {
-    mostradas_.push_back({Texto, Tipo, Titulo});
+    mostradas_.push_back({Texto, Tipo, Titulo, Texto1});
     if (ecoStderr) std::fprintf(stderr, "[%s] %s\n", Titulo.c_str(), Texto.c_str());
     if (!respostas_.empty()) {
         int r = respostas_.front();

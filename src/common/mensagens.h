@@ -38,13 +38,15 @@ struct MensagemMostrada {
     std::string Texto;
     int32_t Tipo = 0;
     std::string Titulo;
+    // The box's second text (an error's line and cause, a list of items).
+    std::string Detalhe;
 };
 
 // Keeps what was shown and answers from a script, then with the first button
 // of the box (OK or Yes) once the script runs out.
 class MensagensGravadas : public PortaMensagens {
   public:
-    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string&,
+    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& Texto1,
                    const std::string&, const std::string&, int32_t, const std::string&) override;
 
     void Responde(int resposta) { respostas_.push_back(resposta); }

@@ -114,6 +114,9 @@ TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
     j = Gera("--operador DEMO --origem D --numdoc 1 --agrupamento 000103 --itens todos", 4);
     ASSERT_EQ(j["mensagens"].size(), 1u);
     EXPECT_EQ(j["mensagens"][0]["Texto"], "Atenção! erro não previsto na função - ZProcessa");
+    EXPECT_EQ(j["mensagens"][0]["Detalhe"],
+              "Erro na linha : 30 - ZDadosVendas não é um vetor na função ZProcessa no Formulário consultalista")
+        << "the trapped error's line and cause, not only on stderr";
 
     EXPECT_EQ(Roda("gerar --db " + banco + " --empresa 1 --operador DEMO " + Venda + "--itens 0").codigo, 5);
     EXPECT_EQ(

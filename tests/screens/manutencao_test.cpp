@@ -18,18 +18,6 @@ using namespace ztolvan::teste;
 
 namespace {
 
-// Keeps the detail text of each message as well.
-class MensagensComDetalhe : public MensagensGravadas {
-  public:
-    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo,
-                   const std::string& Texto1, const std::string& Texto2, const std::string& Texto3,
-                   int32_t Valor1, const std::string& Texto4) override {
-        detalhes.push_back(Texto1);
-        return MensagensGravadas::fnMsgbox(Texto, Tipo, Titulo, Texto1, Texto2, Texto3, Valor1, Texto4);
-    }
-    std::vector<std::string> detalhes;
-};
-
 class Manutencao : public ComDemo {
   protected:
     void SetUp() override {
@@ -72,7 +60,7 @@ class Manutencao : public ComDemo {
     }
 
     std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
-    std::shared_ptr<MensagensComDetalhe> mensagens = std::make_shared<MensagensComDetalhe>();
+    std::shared_ptr<MensagensGravadas> mensagens = std::make_shared<MensagensGravadas>();
 };
 
 TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
@@ -102,7 +90,7 @@ TEST_P(Manutencao, TipoSemPrecoParaTodosOsItensRecusadoComOsItensNoDetalhe) {
     EXPECT_EQ(recusa.Texto, "Não existe Tipo 2 para todos os itens nesse agrupamento.");
     EXPECT_TRUE(recusa.Tipo == 16 && recusa.Titulo == "AVISO");
     EXPECT_EQ(
-        mensagens->detalhes[0],
+        mensagens->Mostradas()[0].Detalhe,
         "Itens sem preço neste tipo:\n7891234103700 - Lápis preto nº 2\n7891234104500 - Mochila escolar");
     EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Atenção! erro não previsto na função - bttIncluir_Click");
     EXPECT_EQ(Linhas("CODIGO = '000104' AND (TIPO <> 1 OR NOME <> 'Kit escolar ensino fundamental')"), 0);
@@ -152,7 +140,7 @@ TEST_P(Manutencao, TipoMantidoNuncaRecusadoETrocaContaOsCodigosDosItens) {
     });
     ASSERT_EQ(mensagens->Mostradas().size(), 1u);
     EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Não existe Tipo 1 para todos os itens nesse agrupamento.");
-    EXPECT_EQ(mensagens->detalhes.back(), "Itens sem preço neste tipo:\nSO-T2-A - Arroz\nSO-T2-B - Feijao");
+    EXPECT_EQ(mensagens->Mostradas().back().Detalhe, "Itens sem preço neste tipo:\nSO-T2-A - Arroz\nSO-T2-B - Feijao");
 
     // A type-1 grouping whose item is priced in type 2 only moves to type 2.
     mensagens->Responde(msg::RespostaOK);
@@ -245,7 +233,7 @@ TEST_P(Manutencao, AtualizacaoRecusadaNaoDeixaNadaPendenteEFecha) {
     });
     ASSERT_EQ(mensagens->Mostradas().size(), 1u);
     EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Atenção! erro na atualização do agrupamento.");
-    EXPECT_NE(mensagens->detalhes[0].find("bloqueado"), std::string::npos) << mensagens->detalhes[0];
+    EXPECT_NE(mensagens->Mostradas()[0].Detalhe.find("bloqueado"), std::string::npos) << mensagens->Mostradas()[0].Detalhe;
     const auto p = Palavras();
     auto execute = std::find(p.begin(), p.end(), "EXECUTE");
     ASSERT_NE(execute, p.end());
