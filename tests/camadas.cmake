@@ -2,7 +2,7 @@ cmake_minimum_required(VERSION 3.20)
 # The source folders are layers, each using only those below it: an include
 # that reaches up (a screen including a generator) fails this check.
 # Run as: cmake -DRAIZ=<source dir> -P camadas.cmake
-set(camadas common data entry precos screens generation ui componente)
+set(camadas common data entry precos estoque screens generation ui componente)
 set(erros "")
 set(abaixo ztolvan)
 foreach(camada IN LISTS camadas)

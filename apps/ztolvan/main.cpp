@@ -374,6 +374,56 @@ struct ArgumentosCotacao {
     std::optional<int> tipoPreco;
 };
 
+struct ArgumentosDisponibilidade {
+    int empresa = 1;
+    std::string operador = "DEMO", agrupamento, itens;
+    std::optional<int> tipoPreco;
+    bool json = false;
+};
+
+// The stock count without a display: ZProcessa fills the context (price
+// type), the consultation screen's model finds the grouping and marks what
+// is asked; the count is the one the screen shows.
+int Disponibilidade(const Conexao& c, const ArgumentosDisponibilidade& a) {
+    auto mensagens = std::make_shared<MensagensDoTerminal>(true);
+    auto janelas = std::make_shared<JanelasModelo>();
+    PortasAtuais().mensagens = mensagens;
+    PortasAtuais().telas = janelas;
+    c.Fixa();
+    consultalista componente;
+    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
+    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
+    int32_t codigo = 0, numdoc = 0;
+    std::string operador = a.operador, senha, origem, mens;
+    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
+    bool inativos = false, captura = false;
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
+                         mens, nullptr, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+
+    int saida = SaidaOk;
+    std::string erro, texto;
+    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
+        auto& f = static_cast<TolvanF01&>(t);
+        if (BuscaAgrupamento(f, a.agrupamento) == 0) {
+            erro = "agrupamento '" + a.agrupamento + "' não encontrado ou sem itens";
+            saida = SaidaNadaGerado;
+        } else if (!AplicaMarcas(f, a.itens, erro)) {
+            saida = SaidaLinhaInvalida;
+        } else {
+            texto = a.json ? ComoJson(f.Disponibilidade()) : ComoTexto(f.Disponibilidade());
+        }
+        f.Unload();
+    });
+    TolvanF01 tela;
+    MostraModal(tela);
+    if (saida != SaidaOk) {
+        std::fprintf(stderr, "ztolvan disponibilidade: %s\n", erro.c_str());
+        return saida;
+    }
+    std::fputs(texto.c_str(), stdout);
+    return SaidaOk;
+}
+
 int MarcadasNaGrade(const Grade& g) {
     int n = 0;
     for (int r = 1; r < g.Rows(); ++r)
@@ -516,6 +566,19 @@ int main(int argc, char** argv) {
     cota->add_option("--tipo-preco", q.tipoPreco, "ztipodepreco (omitted when not given)");
     cota->add_option("--pdf", q.pdf, "the PDF file written")->required();
 
+    ArgumentosDisponibilidade dsp;
+    Conexao conexaoDisp;
+    auto* disp =
+        app.add_subcommand("disponibilidade", "how many whole groupings the free stock supplies, item by item");
+    conexaoDisp.Opcoes(disp);
+    disp->add_option("--empresa", dsp.empresa, "zEmpresa")->required();
+    disp->add_option("--operador", dsp.operador, "zoperador")->required();
+    disp->add_option("--agrupamento", dsp.agrupamento, "grouping code, searched as the operator does")
+        ->required();
+    disp->add_option("--itens", dsp.itens, "data rows 1,3,5 counted (default: all)");
+    disp->add_option("--tipo-preco", dsp.tipoPreco, "ztipodepreco (omitted when not given)");
+    disp->add_flag("--json", dsp.json, "print as JSON");
+
     CLI11_PARSE(app, argc, argv);
     try {
         if (*init) return Init(conexao);
@@ -523,6 +586,7 @@ int main(int argc, char** argv) {
         if (*proc) return Processa(conexaoProc, a);
         if (*gera) return Gera(conexaoGera, g);
         if (*cota) return Cota(conexaoCota, q);
+        if (*disp) return Disponibilidade(conexaoDisp, dsp);
         if (*consulta) return Consulta(conexaoConsulta, sql);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "ztolvan: %s\n", e.what());

@@ -155,4 +155,32 @@ std::string ComoJson(const Resultado& r) {
     return o.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+std::string ComoTexto(const estoque::Disponibilidade& d) {
+    std::ostringstream o;
+    o << "produto\tnecessidade\tlivre\tpermite\tdescricao\n";
+    for (const estoque::ItemDisponivel& i : d.itens)
+        o << (i.produto.empty() ? "-" : i.produto) << "\t" << EscreveNumero(i.necessidade) << "\t"
+          << (i.livre ? EscreveNumero(*i.livre) : "sem cadastro") << "\t"
+          << (i.permite ? std::to_string(*i.permite) : "-") << (i.limitante ? " *" : "") << "\t" << i.descricao
+          << "\n";
+    o << "agrupamentos: " << (d.agrupamentos ? std::to_string(*d.agrupamentos) : "sem limite") << "\n";
+    o << estoque::TextoDisponibilidade(d) << "\n";
+    return o.str();
+}
+
+std::string ComoJson(const estoque::Disponibilidade& d) {
+    Json itens = Json::array();
+    for (const estoque::ItemDisponivel& i : d.itens)
+        itens.push_back({{"produto", i.produto},
+                         {"descricao", i.descricao},
+                         {"necessidade", i.necessidade},
+                         {"livre", i.livre ? Json(*i.livre) : Json(nullptr)},
+                         {"permite", i.permite ? Json(*i.permite) : Json(nullptr)},
+                         {"limitante", i.limitante}});
+    Json o = {{"agrupamentos", d.agrupamentos ? Json(*d.agrupamentos) : Json(nullptr)},
+              {"itens", std::move(itens)},
+              {"texto", estoque::TextoDisponibilidade(d)}};
+    return o.dump(2) + "\n";
+}
+
 } // namespace ztolvan

@@ -6,6 +6,7 @@
 #include "common/mensagens.h"
 #include "common/valor.h"
 #include "entry/sessao.h"
+#include "estoque/disponibilidade.h"
 #include "generation/linhas_geradas.h"
 
 namespace ztolvan {
@@ -29,5 +30,10 @@ struct Resultado {
 
 std::string ComoTexto(const Resultado& r);
 std::string ComoJson(const Resultado& r);
+
+// The stock count of a grouping: a line per item (need, free stock, the
+// groupings it alone allows, "*" on a limiting one), then the total.
+std::string ComoTexto(const estoque::Disponibilidade& d);
+std::string ComoJson(const estoque::Disponibilidade& d);
 
 } // namespace ztolvan

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct VariaveisTroca {
     bool AlteracaoConfirmada = false;
     // Generation multiplier (TolvanF05).
     int16_t QtdGera = 0;
+    // Whole groupings the free stock supplies of what generation would take
+    // (none: not counted); the multiplier dialog warns above it.
+    std::optional<int64_t> AgrupamentosDisponiveis;
     // Groupings list (TolvanF02).
     std::string CodigoSelecionado;
     // The same grouping's code as stored ("000101" where the list hands back

@@ -132,6 +132,28 @@ TEST_F(Gerar, CompraEDocumentoESaidasSemItens) {
         2);
 }
 
+// "ztolvan disponibilidade": the screen's count item by item, on the rows
+// asked; a grouping that is not there has its exit code.
+TEST_F(Gerar, DisponibilidadePorItemComOsLimitantes) {
+    Direto("UPDATE TBMAT SET QtdItBloq = 5 WHERE Empresa = 1 AND CodItem = '1002'");
+    const std::string base = "disponibilidade --db " + banco + " --empresa 1 --operador DEMO --agrupamento 000101";
+    Saida s = Roda(base + " --itens 1,2 --json");
+    ASSERT_EQ(s.codigo, 0) << s.texto;
+    const nlohmann::json j = nlohmann::json::parse(s.texto, nullptr, false);
+    ASSERT_FALSE(j.is_discarded()) << s.texto;
+    // Beans: 57 − 5 = 52 free, 2 each: 26; rice: 20 free, 1 each: 20.
+    EXPECT_EQ(j["agrupamentos"], 20);
+    ASSERT_EQ(j["itens"].size(), 2u);
+    EXPECT_EQ(j["itens"][1]["livre"], 52.0);
+    EXPECT_EQ(j["itens"][1]["permite"], 26);
+    EXPECT_EQ(j["itens"][0]["limitante"], true);
+    EXPECT_EQ(j["texto"], "Estoque atende 20 agrupamentos completos; limitado por Arroz agulhinha tipo 1 5kg");
+    s = Roda(base);
+    EXPECT_NE(s.texto.find("limitado por Óleo de soja 900ml e Farinha de trigo 1kg"), std::string::npos) << s.texto;
+    EXPECT_EQ(Roda(base + "X").codigo, 4);
+    EXPECT_EQ(Roda(base + " --itens 99").codigo, 5);
+}
+
 // "ztolvan cotacao": the screen's print layout into a PDF, read back page
 // by page; what cannot be quoted or printed leaves no file behind.
 TEST_F(Gerar, CotacaoEmPdfQuebraEm55ItensPorPagina) {

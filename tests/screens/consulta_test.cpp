@@ -236,7 +236,8 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
         ASSERT_EQ(f.MSFGAgrupamento.Rows(), 2);
         EXPECT_EQ(f.MSFGAgrupamento.TextMatrix(1, 0), TextoFixo("000102", 20)) << "code kept at its width";
         EXPECT_EQ(f.MSFGAgrupamento.Row(), 1);
-        ASSERT_EQ(gravador->consultas.size(), 2u);
+        // The grouping, its items, and its products' stock for the availability line.
+        ASSERT_EQ(gravador->consultas.size(), 3u);
         EXPECT_EQ(gravador->consultas[0],
                   "SELECT DISTINCT T1.CODIGO, T1.NOME, T1.STTR  FROM TBMATAG T1 WHERE "
                   "T1.EMPRESA = '1' AND T1.CODIGO = '000102' AND T1.STTR = '0'");
@@ -249,6 +250,7 @@ TEST_P(Consulta, BuscaPorCodigoEPorNomeCarregaOsItensComAsMarcasDaOrigem) {
             "TBMAT T2 ON (T1.EMPRESA = T2.EMPRESA AND T1.CODITEM = T2.CODITEM) LEFT JOIN TBMATEQ T3 ON "
             "(T1.EMPRESA = T3.EMPRESA AND T1.CODITEM = T3.CODITEM AND T1.CODEQUIV = T3.CODEQUIV AND "
             "T3.TIPO = 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = '000102' AND T1.EMPRESA = '1'");
+        EXPECT_EQ(gravador->consultas[2].rfind("SELECT T2.CODITEM, T2.QTDITATU, T2.QTDITBLOQ FROM TBMAT T2", 0), 0u);
         const Grade& g = f.GCon1;
         ASSERT_EQ(g.Rows(), 8);
         EXPECT_EQ(f.ActiveControl(), &f.GCon1);

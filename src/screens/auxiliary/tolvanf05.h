@@ -12,12 +12,16 @@ class TolvanF05 : public Tela {
     TolvanF05();
 
     Rotulo lblTitulo, LbInfQtd;
+    // Says so when the multiplier asks more whole groupings than the free
+    // stock supplies: a warning, generation still asks about each item.
+    Rotulo LAviso;
     CaixaTexto TxQtdGera;
     Botao bok;
     Forma shContorno, Shape1;
 
     void Form_KeyDown(int& KeyCode, int Shift) override;
     void bok_Click();
+    void AtualizaAviso();
 };
 
 } // namespace ztolvan

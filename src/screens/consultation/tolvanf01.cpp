@@ -100,6 +100,7 @@ TolvanF01::TolvanF01() : Tela("TolvanF01") {
     Registra(LTotais, "LTotais", 3240, 3900, w - 3360, 240);
     Registra(GCon1, "GCon1", 120, 4140, w - 240, 2760, 4);
     GCon1.ColunaMarca = ColMarca;
+    Registra(LDisponibilidade, "LDisponibilidade", 120, 6930, w - 240, 240);
     Registra(CMensagem, "CMensagem", 120, 6960, 6000, 240);
 
     Frame1.Caption = "Pesquisa";
@@ -730,6 +731,9 @@ void TolvanF01::GridCabecalho() {
             {"Tipo", 6, AlinhamentoGrade::Geral},
         };
         LTotais.Caption.clear();
+        LDisponibilidade.Caption.clear();
+        Troca().AgrupamentosDisponiveis.reset();
+        disponibilidade_ = {};
         for (int c = 0; c < 12; ++c) {
             g.DefineCol(c);
             g.DefineText(colunas[c].titulo);
@@ -812,6 +816,9 @@ void TolvanF01::sbPesquisaProdutos() {
         equivalencias.emplace_back();
         linha = 80;
         Troca().CodEquivItens = std::move(equivalencias);
+        linha = 90;
+        std::string erro;
+        saldos_ = estoque::LeSaldos(s.Empresa, codigo, erro).value_or(estoque::SaldoDosProdutos{});
         AtualizaTotais();
     });
 }
@@ -855,6 +862,7 @@ void TolvanF01::CalculaTotal() {
 }
 
 void TolvanF01::AtualizaTotais() {
+    AtualizaDisponibilidade();
     const int linhas = GCon1.Rows() - 1;
     if (linhas < 1 || GCon1.Cols() <= ColValTotal) {
         LTotais.Caption.clear();
@@ -869,6 +877,30 @@ void TolvanF01::AtualizaTotais() {
     }
     LTotais.Caption = TextoDecimal(marcados) + " de " + TextoDecimal(linhas) +
                       (linhas == 1 ? " item marcado" : " itens marcados") + ", total " + FormataMoeda(total);
+}
+
+void TolvanF01::AtualizaDisponibilidade() {
+    std::optional<int64_t>& disponiveis = Troca().AgrupamentosDisponiveis;
+    const int linhas = GCon1.Rows() - 1;
+    if (linhas < 1 || GCon1.Cols() <= ColProduto) {
+        LDisponibilidade.Caption.clear();
+        disponiveis.reset();
+        disponibilidade_ = {};
+        return;
+    }
+    bool algumaMarcada = false;
+    for (int r = 1; r <= linhas && !algumaMarcada; ++r)
+        algumaMarcada = GCon1.TextMatrix(r, ColMarca) == "*";
+    std::vector<estoque::Necessidade> itens;
+    itens.reserve(static_cast<size_t>(linhas));
+    for (int r = 1; r <= linhas; ++r) {
+        if (algumaMarcada && GCon1.TextMatrix(r, ColMarca) != "*") continue;
+        itens.push_back({GCon1.TextMatrix(r, ColProduto), GCon1.TextMatrix(r, ColDescricao),
+                         CDbl(Valor(GCon1.TextMatrix(r, ColQtd)))});
+    }
+    disponibilidade_ = estoque::Calcula(itens, saldos_);
+    LDisponibilidade.Caption = estoque::TextoDisponibilidade(disponibilidade_);
+    disponiveis = disponibilidade_.agrupamentos;
 }
 
 void TolvanF01::MnuAltQtd_Click() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/banco_dados.h"
+#include "estoque/disponibilidade.h"
 #include "screens/controles.h"
 #include "screens/grade.h"
 #include "screens/tela.h"
@@ -62,6 +63,9 @@ class TolvanF01 : public Tela {
     Rotulo LNome;
     // How many items are marked and what they add up to.
     Rotulo LTotais;
+    // How many whole groupings the free stock supplies of the marked items
+    // (all when none is marked), and which items hold it back.
+    Rotulo LDisponibilidade;
     Rotulo Label4;
     Grade GCon1;
     Botao btnVerLista, btnAlterar;
@@ -117,6 +121,8 @@ class TolvanF01 : public Tela {
     // code/name search.
     const std::string& ResultadoListagem() const { return resultado_; }
     bool NaoAchou() const { return naoAchou_; }
+    // The stock count behind LDisponibilidade, item by item.
+    const estoque::Disponibilidade& Disponibilidade() const { return disponibilidade_; }
 
   private:
     enum class Listagem { Todas, TodasSemFiltro, ComEquivalencia };
@@ -124,6 +130,7 @@ class TolvanF01 : public Tela {
     void MontaRodape();
     void AplicaModo();
     void AtualizaTotais();
+    void AtualizaDisponibilidade();
     // Capture of the selected grouping's code: only a whole number goes back.
     void CapturaCodigo(const std::string& codigo);
 
@@ -132,6 +139,10 @@ class TolvanF01 : public Tela {
     // the header, has none): LNome names the one whose items are shown.
     std::vector<std::string> nomes_{std::string()};
     bool naoAchou_ = false;
+    // The free stock of the loaded grouping's products, read with its items:
+    // marks and quantity changes recount from it without a statement.
+    estoque::SaldoDosProdutos saldos_;
+    estoque::Disponibilidade disponibilidade_;
     std::unique_ptr<clsBancoDados> banco_;
     bool bancoAberto_ = false;
 };
