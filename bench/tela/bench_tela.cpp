@@ -1,7 +1,8 @@
 // The consultation screen on large data, headless through its model: the
-// start-up listing of 10,000 groupings of 5 items each, and the load of one
-// grouping of 2,000 items, against the same statements run straight through
-// sqlite3 or libpq with every column read, on both databases.
+// start-up listing of 10,000 groupings of 5 items each, the load of one
+// grouping of 2,000 items and what the stock supplies of it, against the
+// same statements run straight through sqlite3 or libpq with every column
+// read, on both databases.
 #include <algorithm>
 #include <functional>
 #include <libpq-fe.h>
@@ -11,6 +12,7 @@
 #include <sqlite3.h>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "banco_bench.h"
 #include "common/contexto.h"
@@ -20,6 +22,7 @@
 #include "data/schema/esquema.h"
 #include "data/sqlite/conector_sqlite.h"
 #include "entry/sessao.h"
+#include "estoque/disponibilidade.h"
 #include "medida.h"
 #include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
@@ -127,6 +130,11 @@ const char* Listagem = "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.No
                        "T1.Empresa = 1 and T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, T1.DscItem, "
                        "T1.StTr, T1.CodItem, T1.Nome ";
 
+// The stock of GRANDE's products, as the availability count sends it.
+const char* SqlSaldos = "SELECT T2.CODITEM, T2.QTDITATU, T2.QTDITBLOQ FROM TBMAT T2 WHERE T2.EMPRESA = 1 AND "
+                        "T2.CODITEM IN (SELECT T1.CODITEM FROM TBMATAG T1 WHERE T1.EMPRESA = 1 AND T1.CODIGO = "
+                        "'GRANDE')";
+
 // The consultation's start-up and large load on the connected database,
 // each against its statement run raw through 'passo'.
 void Mede(const std::string& banco, const std::function<int(const std::string&)>& passo) {
@@ -172,10 +180,31 @@ void Mede(const std::string& banco, const std::function<int(const std::string&)>
         "T3.CODITEM AND T1.CODEQUIV = T3.CODEQUIV AND T3.TIPO = 1) WHERE T1.EMPRESA  = 1 AND T1.CODIGO = "
         "'GRANDE' AND T1.EMPRESA = '1'";
     const std::string sqlPiso = banco == "sqlite" ? ConectorSqlite::TraduzDialeto(sqlItens) : sqlItens;
+    // A load reads the items and then its products' stock (the availability
+    // line): both statements make its floor.
     const double pisoCarga = Ms([&] {
-        if (passo(sqlPiso) != ItensGrande) throw std::runtime_error("piso sem itens");
+        if (passo(sqlPiso) != ItensGrande || passo(SqlSaldos) != ItensGrande)
+            throw std::runtime_error("piso sem itens");
     });
     Linha(("tela-itens-" + banco).c_str(), carga, pisoCarga);
+
+    // What the stock supplies of the 2,000 items: the component's one stock
+    // statement and the count, against that statement run raw.
+    std::vector<estoque::Necessidade> necessidades;
+    for (int r = 1; r < tela.GCon1.Rows(); ++r)
+        necessidades.push_back({tela.GCon1.TextMatrix(r, TolvanF01::ColProduto),
+                                tela.GCon1.TextMatrix(r, TolvanF01::ColDescricao), 2});
+    const double disponibilidade = Ms([&] {
+        std::string erro;
+        const auto saldos = estoque::LeSaldos(1, "GRANDE", erro);
+        if (!saldos || saldos->size() != ItensGrande) throw std::runtime_error("saldos incompletos " + erro);
+        if (estoque::Calcula(necessidades, *saldos).itens.size() != ItensGrande)
+            throw std::runtime_error("contagem incompleta");
+    });
+    const double pisoDisponibilidade = Ms([&] {
+        if (passo(SqlSaldos) != ItensGrande) throw std::runtime_error("piso sem saldos");
+    });
+    Linha(("disponibilidade-" + banco).c_str(), disponibilidade, pisoDisponibilidade);
     tela.Unload();
 #ifdef ZTOLVAN_BENCH_QT
     // The same operator actions with the Qt view showing the screen.
