@@ -12,6 +12,7 @@
 
 #include "common/conversao.h"
 #include "componente/componente.h"
+#include "common/explicacao.h"
 #include "common/mensagens.h"
 #include "common/portas.h"
 #include "common/texto.h"
@@ -337,6 +338,8 @@ int Gera(const Conexao& c, const ArgumentosGera& a) {
             andamentoMostrado = true;
             std::fprintf(stderr, "\r%s", TextoAndamento(feitos, marcados).c_str());
         });
+    // A JSON answer explains each line: the pricing code notes as it decides.
+    explicacao::Liga(a.json);
     bool linhasValidas = true;
     janelas->AoMostrar("TolvanF01", [&](Tela& t) {
         linhasValidas = OperaConsulta(static_cast<TolvanF01&>(t), *janelas, a, erro);

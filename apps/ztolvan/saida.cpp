@@ -135,7 +135,7 @@ std::string ComoJson(const Resultado& r) {
     if (r.itens) o["itens"] = *r.itens;
     if (r.linhas) {
         Json ls = Json::array();
-        for (const LinhaGerada& l : *r.linhas)
+        for (const LinhaGerada& l : *r.linhas) {
             ls.push_back({{"Item", l.item},
                           {"Produto", l.produto},
                           {"Descricao", l.descricao},
@@ -146,6 +146,8 @@ std::string ComoJson(const Resultado& r) {
                           {"PercICMSST", l.percICMSST},
                           {"PercIPI", l.percIPI},
                           {"Total", l.total}});
+            if (!l.explicacao.empty()) ls.back()["explicacao"] = Objeto(l.explicacao);
+        }
         o["linhas"] = std::move(ls);
         o["total"] = TotalDasLinhas(*r.linhas);
         o["simulacao"] = r.simulacao;

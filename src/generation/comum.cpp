@@ -114,6 +114,7 @@ bool Confirma(RegistroModulo& registro, void (*modulo)(), int32_t item) {
         return false;
     }
     EstadoAtual().itens.push_back(item);
+    if (explicacao::Ligada()) EstadoAtual().explicacoes[item] = explicacao::Toma();
     return true;
 }
 
@@ -130,6 +131,7 @@ void ComecaAndamento(int marcados) {
 }
 
 void Avanca(TelaGeracao& t) {
+    explicacao::Comeca();
     Estado& e = EstadoAtual();
     ++e.feitos;
     if (!t.andamento) return;

@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include <unordered_map>
+
+#include "common/explicacao.h"
 #include "data/modules/registro.h"
 #include "generation/geracao.h"
 
@@ -17,6 +20,8 @@ struct Estado {
     std::string flagLeituraProduto; // the document type's FLGFC: "1" is the joined read
     std::string flagCMES;           // from FLGES and FLGCMED; empty until first set
     std::vector<int32_t> itens;     // written by the last generation
+    // Each written item's explanation, when explanations are on.
+    std::unordered_map<int32_t, Notas> explicacoes;
     // Progress of the running generation: marked rows reached of those marked.
     int feitos = 0, marcados = 0;
     std::chrono::steady_clock::time_point ultimoAndamento;

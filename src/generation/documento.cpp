@@ -157,7 +157,9 @@ void GeraDocumento(TelaGeracao& t) {
             it.CCusto = mat.CCusto;
             it.PrecoVenda = s.PrecoVenda;
             if (tipo1) {
-                it.ValUnit = usaPrecoItem4 && mat.PrcItem4 > 0 ? mat.PrcItem4 : mat.UltCValor;
+                const bool item4 = usaPrecoItem4 && mat.PrcItem4 > 0;
+                it.ValUnit = item4 ? mat.PrcItem4 : mat.UltCValor;
+                explicacao::Anota("preco", item4 ? "custo do estoque (PrcItem4)" : "última compra (UltCValor)");
             } else {
                 // A trapped price error is reported there; the row goes on with 0.
                 it.ValUnit = PrecoPromocional("TolvanF01");

@@ -20,6 +20,7 @@ void sbGerarDocumento(TelaGeracao& t) {
     Protegido(EstiloErro::Log, "sbGerarDocumento", "TolvanF01", [&](int& linha) {
         linha = 10;
         EstadoAtual().itens.clear();
+        EstadoAtual().explicacoes.clear();
         const int n = t.GCon1.Rows() - 1;
         bool marcado = false;
         for (int r = 1; r <= n && !marcado; ++r)

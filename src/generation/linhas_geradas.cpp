@@ -8,6 +8,7 @@
 #include "data/banco_dados.h"
 #include "data/comunica.h"
 #include "entry/sessao.h"
+#include "generation/comum.h"
 #include "generation/geracao.h"
 
 namespace ztolvan {
@@ -51,8 +52,12 @@ std::vector<LinhaGerada> LinhasGeradas() {
     }
     std::vector<LinhaGerada> linhas;
     linhas.reserve(itens.size());
+    const auto& explicacoes = geracao::EstadoAtual().explicacoes;
     for (int32_t i : itens)
-        if (auto it = porItem.find(i); it != porItem.end()) linhas.push_back(it->second);
+        if (auto it = porItem.find(i); it != porItem.end()) {
+            linhas.push_back(std::move(it->second));
+            if (auto e = explicacoes.find(i); e != explicacoes.end()) linhas.back().explicacao = e->second;
+        }
     return linhas;
 }
 

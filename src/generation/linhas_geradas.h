@@ -5,12 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "common/explicacao.h"
+
 namespace ztolvan {
 
 struct LinhaGerada {
     int32_t item = 0;
     std::string produto, descricao, sitTrib;
     double quantidade = 0, valorUnitario = 0, percICMS = 0, percICMSST = 0, percIPI = 0, total = 0;
+    // Why this price and these taxes, when explanations were on.
+    Notas explicacao;
     bool operator==(const LinhaGerada&) const = default;
 };
 

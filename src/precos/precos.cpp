@@ -6,6 +6,7 @@
 #include "common/conversao.h"
 #include "common/datas.h"
 #include "common/erro.h"
+#include "common/explicacao.h"
 #include "common/formato.h"
 #include "common/moeda.h"
 #include "common/texto.h"
@@ -28,7 +29,17 @@ double PrecoDoDia(double Valor, double PrcProm, std::string_view DtIProm, std::s
                   std::string_view hoje) {
     // Dates are "YYYYMMDD" texts and compare as texts.
     double preco = Valor;
-    if (PrcProm != 0 && !(hoje < DtIProm) && (Apara(DtFProm).empty() || !(hoje > DtFProm))) preco = PrcProm;
+    const bool promocao = PrcProm != 0 && !(hoje < DtIProm) && (Apara(DtFProm).empty() || !(hoje > DtFProm));
+    if (promocao) preco = PrcProm;
+    if (explicacao::Ligada()) {
+        explicacao::Anota("preco", promocao ? "promoção" : "valor da equivalência");
+        if (PrcProm != 0) {
+            explicacao::Anota("PrcProm", PrcProm);
+            explicacao::Anota("DtIProm", Apara(DtIProm));
+            explicacao::Anota("DtFProm", Apara(DtFProm));
+        }
+        explicacao::Anota("Valor", Valor);
+    }
     return ArredondaValor(preco);
 }
 
@@ -68,19 +79,41 @@ double Aliquota(double codigo, const std::string& uf, const char* tipo) {
     return t == "F" ? s.PercICMSF : s.PercICMS;
 }
 
+// Which row gave the rate just looked up, under 'chave'.
+void AnotaAliquota(const char* chave, const char* tipo) {
+    if (!explicacao::Ligada()) return;
+    const OrigemAliquotaICMS& o = UltimaAliquotaICMS();
+    const std::string codigo = TextoDecimal(o.empresa) + "/" + TextoDecimal(o.codigo);
+    if (!o.achou)
+        explicacao::Anota(chave, "código " + codigo + " não encontrado: 0");
+    else if (std::string_view(tipo) != "F")
+        explicacao::Anota(chave, "TBICM " + codigo + " PERCICMS");
+    else if (o.doEstado)
+        explicacao::Anota(chave, "TBICMUF " + codigo + "/" + Apara(o.uf) + " PERCICMSF");
+    else
+        explicacao::Anota(chave, "TBICM " + codigo + " PERCICMSF");
+}
+
 } // namespace
 
 Tributos ClassificaICMS(const DadosTributos& d) {
     const std::string& s = d.SitTrib;
+    explicacao::Anota("sitTribBase", s);
     int c = 0;
-    if (s == "4")
+    const char* rota = "situação do produto";
+    if (s == "4") {
         c = 4;
-    else if (OperacaoSemICMS(d.NatOper))
+        rota = "produto 4";
+    } else if (OperacaoSemICMS(d.NatOper)) {
         c = 0;
-    else if (OperacaoDeRotaEspecial(d.NatOper) && RotaEspecial(d))
+        rota = "operação sem ICMS";
+    } else if (OperacaoDeRotaEspecial(d.NatOper) && RotaEspecial(d)) {
         c = 0;
-    else
+        rota = "rota especial";
+    } else {
         c = CInt(Valor(s));
+    }
+    explicacao::Anota("rota", rota);
 
     Tributos t;
     if (s == "4")
@@ -89,22 +122,32 @@ Tributos ClassificaICMS(const DadosTributos& d) {
         t.SitTrib = "3";
     else
         t.SitTrib = TextoDecimal(c);
+    explicacao::Anota("substituicaoCobrada", s != "3" && t.SitTrib == "3");
 
     if (s != "1" && s != "3") {
-        if (t.SitTrib == "4") t.PercICMS = Aliquota(d.PercIsen, d.Dado4, "D");
+        if (t.SitTrib == "4") {
+            t.PercICMS = Aliquota(d.PercIsen, d.Dado4, "D");
+            explicacao::Anota("tipoAliquota", "D");
+            AnotaAliquota("aliquotaICMS", "D");
+        }
         return t;
     }
     if (OperacaoSemICMS(d.NatOper)) return t;
     const char* tipo = Apara(d.Dado1) == "1" ? "F" : "D";
-    if (t.SitTrib == "1" || t.SitTrib == "3")
+    explicacao::Anota("tipoAliquota", tipo);
+    if (t.SitTrib == "1" || t.SitTrib == "3") {
         t.PercICMS = ArredondaQuatro(Aliquota(d.PercIsen, d.Dado4, tipo));
+        AnotaAliquota("aliquotaICMS", tipo);
+    }
     t.PercICMSS = 0;
     if (t.SitTrib != "3") return t;
     if (Apara(d.Dado1) == "0") {
         t.PercICMS = 0;
+        explicacao::Anota("aliquotaICMS", "zerada: dado 1 é 0");
         return t;
     }
     t.PercICMSS = Aliquota(d.CodICMSS, d.Dado4, tipo);
+    AnotaAliquota("aliquotaST", tipo);
     return t;
 }
 
@@ -177,8 +220,16 @@ std::array<double, 8> Descontos(double d1, double d2, double d3, double d4, doub
 
 double CustoLiquido(const A_MTBCUS_t& c) {
     double custo = c.PrecoTab;
+    Valor::Lista aplicados;
     for (double d : Descontos(c.Desc1, c.Desc2, c.Desc3, c.Desc4, c.Desc5, c.Desc6, c.Desc7, c.Desc8))
-        if (d != 0) custo = SemEstouro(custo * (100 - d) / 100);
+        if (d != 0) {
+            custo = SemEstouro(custo * (100 - d) / 100);
+            if (explicacao::Ligada()) aplicados.push_back(d);
+        }
+    if (explicacao::Ligada()) {
+        explicacao::Anota("PrecoTab", c.PrecoTab);
+        explicacao::Anota("descontos", std::move(aplicados));
+    }
     return custo;
 }
 
@@ -205,7 +256,9 @@ double AliquotaSubstituicao(double a, double b) {
 
 double PercSubstituicaoCompra(double PercIsen, int16_t CodICMSS) {
     const double a = Aliquota(PercIsen, " ", "D");
+    AnotaAliquota("aliquotaICMS", "D");
     const double b = Aliquota(CodICMSS, " ", "D");
+    AnotaAliquota("aliquotaST", "D");
     return AliquotaSubstituicao(a, b);
 }
 

@@ -59,6 +59,9 @@ TEST_F(Gerar, VendaComLinhasQuantidadeEMultiplicador) {
     EXPECT_EQ(j["linhas"], previa["linhas"]);
     EXPECT_EQ(previa["itens"], j["itens"]);
     EXPECT_DOUBLE_EQ(j["total"].get<double>(), 144.54) << "2 x 24,90 + 6 x 8,49 + 2 x 21,90";
+    // Each line explains itself, the preview's as the real run's.
+    EXPECT_EQ(j["linhas"][0]["explicacao"]["preco"], "valor do agrupamento");
+    EXPECT_EQ(j["linhas"][0]["explicacao"]["rota"], "situação do produto");
     EXPECT_EQ(j["Zstatusret"], 0);
     EXPECT_EQ(j["zstatus"], 0);
     EXPECT_EQ(j["itens"], nlohmann::json::parse("[10, 20, 30]"));

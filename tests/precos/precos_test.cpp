@@ -2,10 +2,12 @@
 
 #include <cmath>
 #include <limits>
+#include <map>
 
 #include "apoio/banco_teste.h"
 #include "common/contexto.h"
 #include "common/erro.h"
+#include "common/explicacao.h"
 #include "common/portas.h"
 #include "common/relogio_teste.h"
 #include "data/comunica.h"
@@ -256,31 +258,70 @@ class Classificacao : public ::testing::Test {
     std::unique_ptr<BancoTeste> db;
 };
 
-TEST_F(Classificacao, CadaRotaDoICMS) {
+// Each route, with the explanation the classification notes as it decides:
+// the route, whether substitution was charged here, and the row behind
+// each rate ("" where no rate was looked up).
+TEST_F(Classificacao, CadaRotaDoICMSEASuaExplicacao) {
     struct Caso {
         const char* nome;
         DadosTributos d;
         const char* sitTrib;
         double icms, icmss;
+        const char *rota, *aliquotaICMS, *aliquotaST;
+        bool cobrada;
     } casos[] = {
-        {"final consumer with the state's own rate", Dados("1", 5102, "1"), "1", 12, 0},
-        {"ordinary rate rounded to four decimals", Dados("1", 5102, "2"), "1", 18.0001, 0},
-        {"substitution charged: the state's rate, unrounded", Dados("1", 5102, "1", true), "3", 12, 19.99999},
-        {"substitution, ordinary kind", Dados("1", 5102, "2", true), "3", 18.0001, 17.77777},
-        {"substitution with datum 1 \"0\" clears both", Dados("1", 5102, "0", true), "3", 0, 0},
-        {"product already in substitution", Dados("3", 5102, "2"), "3", 18.0001, 17.77777},
-        {"operation without ICMS", Dados("1", 5901, "1", true), "0", 0, 0},
-        {"operation without ICMS, product 4", Dados("4", 592, "1"), "4", 18.00005, 0},
-        {"product 4: ordinary rate, unrounded", Dados("4", 5102, "1"), "4", 18.00005, 0},
-        {"other situations carry no rate", Dados("2", 5102, "1"), "2", 0, 0},
+        {"final consumer with the state's own rate", Dados("1", 5102, "1"), "1", 12, 0, "situação do produto",
+         "TBICMUF 1/1/RJ PERCICMSF", "", false},
+        {"ordinary rate rounded to four decimals", Dados("1", 5102, "2"), "1", 18.0001, 0, "situação do produto",
+         "TBICM 1/1 PERCICMS", "", false},
+        {"substitution charged: the state's rate, unrounded", Dados("1", 5102, "1", true), "3", 12, 19.99999,
+         "situação do produto", "TBICMUF 1/1/RJ PERCICMSF", "TBICMUF 1/4/RJ PERCICMSF", true},
+        {"substitution, ordinary kind", Dados("1", 5102, "2", true), "3", 18.0001, 17.77777,
+         "situação do produto", "TBICM 1/1 PERCICMS", "TBICM 1/4 PERCICMS", true},
+        {"substitution with datum 1 \"0\" clears both", Dados("1", 5102, "0", true), "3", 0, 0,
+         "situação do produto", "zerada: dado 1 é 0", "", true},
+        {"product already in substitution", Dados("3", 5102, "2"), "3", 18.0001, 17.77777, "situação do produto",
+         "TBICM 1/1 PERCICMS", "TBICM 1/4 PERCICMS", false},
+        {"operation without ICMS", Dados("1", 5901, "1", true), "0", 0, 0, "operação sem ICMS", "", "", false},
+        {"operation without ICMS, product 4", Dados("4", 592, "1"), "4", 18.00005, 0, "produto 4",
+         "TBICM 1/1 PERCICMS", "", false},
+        {"product 4: ordinary rate, unrounded", Dados("4", 5102, "1"), "4", 18.00005, 0, "produto 4",
+         "TBICM 1/1 PERCICMS", "", false},
+        {"other situations carry no rate", Dados("2", 5102, "1"), "2", 0, 0, "situação do produto", "", "", false},
+        {"a code not in the table", [] {
+             DadosTributos d = Dados("1", 5102, "2");
+             d.PercIsen = 9;
+             return d;
+         }(),
+         "1", 0, 0, "situação do produto", "código 1/9 não encontrado: 0", "", false},
+        {"special route: same state, not PB", [] {
+             DadosTributos d = Dados("1", 5152, "1");
+             d.Dado3 = d.Dado4 = d.Dado5 = d.Dado6 = "PE";
+             return d;
+         }(),
+         "0", 0, 0, "rota especial", "", "", false},
     };
+    explicacao::Liga(true);
     for (const Caso& c : casos) {
         SCOPED_TRACE(c.nome);
+        explicacao::Comeca();
         Tributos t = ClassificaICMS(c.d);
         EXPECT_EQ(t.SitTrib, c.sitTrib);
         EXPECT_DOUBLE_EQ(t.PercICMS, c.icms);
         EXPECT_DOUBLE_EQ(t.PercICMSS, c.icmss);
+        std::map<std::string, Valor> notas;
+        for (auto& [k, v] : explicacao::Toma())
+            notas[k] = v;
+        EXPECT_EQ(notas["rota"], Valor(c.rota));
+        EXPECT_EQ(notas["sitTribBase"], Valor(c.d.SitTrib));
+        EXPECT_EQ(notas["substituicaoCobrada"], Valor(c.cobrada));
+        EXPECT_EQ(notas.count("aliquotaICMS") ? notas["aliquotaICMS"] : Valor(""), Valor(c.aliquotaICMS));
+        EXPECT_EQ(notas.count("aliquotaST") ? notas["aliquotaST"] : Valor(""), Valor(c.aliquotaST));
     }
+    explicacao::Liga(false);
+    explicacao::Comeca();
+    ClassificaICMS(casos[0].d);
+    EXPECT_TRUE(explicacao::Toma().empty()) << "off: nothing noted";
 }
 
 TEST_F(Classificacao, RotaEspecialConfiguracaoDaSubstituicaoEAliquotaDaCompra) {

@@ -71,6 +71,14 @@ int16_t CursorDoComando(const std::string& texto);
 // code was found, whatever the state lookup gave.
 void LerAliquotaICMS(int16_t& Empresa, int16_t& CodICMS, std::string& UF, std::string& Tipo, double& PercICMS,
                      double& PercICMSF);
+// Where this thread's last LerAliquotaICMS found its rates: the TBICM row
+// (none when the code is not there), and whether TBICMUF gave the state's.
+struct OrigemAliquotaICMS {
+    bool achou = false, doEstado = false;
+    int16_t empresa = 0, codigo = 0;
+    std::string uf;
+};
+const OrigemAliquotaICMS& UltimaAliquotaICMS();
 
 // What a module holds, for tests and benchmarks: the statement of a
 // function code ("" when the module has none), the thread's cursor table.
