@@ -12,6 +12,7 @@
 
 #include "common/conversao.h"
 #include "componente/componente.h"
+#include "componente/gerar.h"
 #include "common/explicacao.h"
 #include "common/mensagens.h"
 #include "common/portas.h"
@@ -25,7 +26,7 @@
 #include "generation/cotacao/cotacao.h"
 #include "generation/geracao.h"
 #include "generation/linhas_geradas.h"
-#include "saida.h"
+#include "componente/saida.h"
 #include "screens/auxiliary/tolvanf03.h"
 #include "screens/auxiliary/tolvanf05.h"
 #include "screens/consultation/tolvanf01.h"
@@ -65,26 +66,15 @@ struct Conexao {
 
 // Messages go to stderr (a line break where the message has one) and are
 // kept in order; yes/no questions get the answer the operator chose.
-class MensagensDoTerminal : public PortaMensagens {
-  public:
-    explicit MensagensDoTerminal(bool sim) : sim_(sim) {}
-    Valor fnMsgbox(const std::string& Texto, int32_t Tipo, const std::string& Titulo, const std::string& T1,
-                   const std::string&, const std::string&, int32_t, const std::string&) override {
-        mostradas.push_back({Texto, Tipo, Titulo, T1});
-        std::string t = Texto;
+std::shared_ptr<MensagensRespondidas> MensagensDoTerminal(bool sim) {
+    return std::make_shared<MensagensRespondidas>(sim, [](const MensagemMostrada& m) {
+        std::string t = m.Texto;
         for (char& ch : t)
             if (ch == '\r') ch = '\n';
-        std::fprintf(stderr, "[%s] %s%s%s\n", Titulo.c_str(), t.c_str(), T1.empty() ? "" : " | ", T1.c_str());
-        int botao = PrimeiroBotao(Tipo);
-        if (!sim_ && botao == msg::RespostaSim) return msg::RespostaNao;
-        if (!sim_ && botao == msg::RespostaOK && (Tipo & 7) == msg::OKCancelar) return msg::RespostaCancelar;
-        return botao;
-    }
-    std::vector<MensagemMostrada> mostradas;
-
-  private:
-    bool sim_;
-};
+        std::fprintf(stderr, "[%s] %s%s%s\n", m.Titulo.c_str(), t.c_str(), m.Detalhe.empty() ? "" : " | ",
+                     m.Detalhe.c_str());
+    });
+}
 
 bool Conecta(const Conexao& c) {
     c.Fixa();
@@ -190,7 +180,7 @@ Valor ListaDeDados(const std::string& texto) {
 }
 
 int Processa(const Conexao& c, const ArgumentosProcessa& a) {
-    PortasAtuais().mensagens = std::make_shared<MensagensDoTerminal>(Normaliza(a.resposta) != "NAO");
+    PortasAtuais().mensagens = MensagensDoTerminal(Normaliza(a.resposta) != "NAO");
     // --opcao 1 opens the real screens when a display can be reached.
     InstalaComponente();
     c.Fixa();
@@ -219,156 +209,49 @@ struct ArgumentosGera {
     bool json = false, simular = false;
 };
 
-// Data rows of a list "1,3,5" (1-based); false with the reason when one is
-// not a row of the grid.
-bool LinhasDaLista(const std::string& lista, int linhas, std::vector<int>& r, std::string& erro) {
-    std::stringstream ss(lista);
-    std::string item;
-    while (std::getline(ss, item, ',')) {
-        char* fim = nullptr;
-        long n = std::strtol(item.c_str(), &fim, 10);
-        if (item.empty() || *fim != '\0' || n < 1 || n > linhas) {
-            erro = "linha '" + item + "' fora dos itens do agrupamento (1.." + std::to_string(linhas) + ")";
-            return false;
-        }
-        r.push_back(static_cast<int>(n));
-    }
-    return true;
-}
-
-// What the operator does on the consultation screen: find the grouping by
-// code, mark, change quantities, answer the multiplier and generate. False
-// with the reason when a row given on the command line is not in the grid.
-// The grouping found by code, as the operator searches it: its item rows.
-int BuscaAgrupamento(TolvanF01& f, const std::string& codigo) {
-    f.cboPesquisa.Seleciona(1); // "Código"
-    f.txtPesquisa.Text.clear();
-    f.txtPesquisa.Digita(codigo);
-    f.bttPesquisa_Click();
-    return f.GCon1.Rows() - 1;
-}
-
-// Marks "todos", "nenhum" or a list of rows; empty keeps the origin's marks.
-bool AplicaMarcas(TolvanF01& f, const std::string& itens, std::string& erro) {
-    if (Normaliza(itens) == "TODOS") {
-        f.sbMarcarTodosDaTela();
-    } else if (Normaliza(itens) == "NENHUM") {
-        f.sbDesmarcarTodosDaTela();
-    } else if (!itens.empty()) {
-        std::vector<int> marcar;
-        if (!LinhasDaLista(itens, f.GCon1.Rows() - 1, marcar, erro)) return false;
-        f.sbDesmarcarTodosDaTela();
-        for (int r : marcar) {
-            f.GCon1.Seleciona(r, 0);
-            f.sbMarcarSelecionado();
-        }
-    }
-    return true;
-}
-
-bool OperaConsulta(TolvanF01& f, JanelasModelo& janelas, const ArgumentosGera& a, std::string& erro) {
-    const int linhas = BuscaAgrupamento(f, a.agrupamento);
-    if (!AplicaMarcas(f, a.itens, erro)) return false;
-    for (const std::string& q : a.quantidades) {
-        const size_t igual = q.find('=');
-        std::vector<int> linha;
-        if (igual == std::string::npos || !LinhasDaLista(q.substr(0, igual), linhas, linha, erro) ||
-            linha.size() != 1) {
-            if (erro.empty()) erro = "quantidade '" + q + "' não é LINHA=QTD";
-            return false;
-        }
-        const std::string qtd = q.substr(igual + 1);
-        janelas.AoMostrar("TolvanF03", [qtd](Tela& t) {
-            auto& d = static_cast<TolvanF03&>(t);
-            d.TQtd.Text.clear();
-            d.TQtd.Digita(qtd);
-            d.BTOk_Click();
-        });
-        f.GCon1.Seleciona(linha[0], 1);
-        f.MnuAltQtd_Click();
-    }
-    const std::string k = std::to_string(a.multiplicador);
-    janelas.AoMostrar("TolvanF05", [k](Tela& t) {
-        auto& d = static_cast<TolvanF05&>(t);
-        d.TxQtdGera.Text.clear();
-        d.TxQtdGera.Digita(k);
-        d.bok_Click();
-    });
-    f.sbGerarDocumento();
-    return true;
-}
-
-// Generation without a display: ZProcessa fills the context as for
-// "processa" (no screen), then the consultation screen's model is driven as
-// an operator would drive it, on the display-free window system.
+// Generation without a display, through the library's driver; a terminal
+// sees a long run's progress on one line of stderr.
 int Gera(const Conexao& c, const ArgumentosGera& a) {
-    auto mensagens = std::make_shared<MensagensDoTerminal>(Normaliza(a.resposta) == "SIM");
-    auto janelas = std::make_shared<JanelasModelo>();
+    auto mensagens = MensagensDoTerminal(Normaliza(a.resposta) == "SIM");
     PortasAtuais().mensagens = mensagens;
-    PortasAtuais().telas = janelas;
     c.Fixa();
     consultalista componente;
     if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
-    InstalaGeracao();
-    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = static_cast<int16_t>(a.tpmov),
-            statusret = 0, zstatus = 0;
-    int32_t codigo = 0, numdoc = a.numdoc;
-    std::string operador = a.operador, senha, origem = a.origem, mens;
-    Valor dados = a.dadosVendas.empty() ? Valor() : ListaDeDados(a.dadosVendas);
-    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
-    bool inativos = false, captura = false;
-    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
-                         mens, &dados, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
-    // A call that failed (sales data missing or malformed) would open no
-    // screen: nothing to generate.
-    bool falhou = false;
-    for (const MensagemMostrada& m : mensagens->mostradas)
-        falhou = falhou || m.Tipo == msg::Critico;
-
-    // A preview runs the same path with every change held and undone at the end.
-    std::string erro;
-    if (a.simular && !falhou && !ConectorAtual()->RetemAlteracoes(true, erro)) {
-        std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
-        return SaidaBanco;
-    }
-    // On a terminal a long run says how far it is, on one line of stderr.
+    PedidoGeracao p;
+    p.empresa = static_cast<int16_t>(a.empresa);
+    p.tpmov = static_cast<int16_t>(a.tpmov);
+    p.numdoc = a.numdoc;
+    p.operador = a.operador;
+    p.origem = a.origem;
+    p.agrupamento = a.agrupamento;
+    p.dados = a.dadosVendas.empty() ? Valor() : ListaDeDados(a.dadosVendas);
+    if (a.tipoPreco) p.tipoPreco = static_cast<int16_t>(*a.tipoPreco);
+    p.itens = a.itens;
+    p.quantidades = a.quantidades;
+    p.multiplicador = a.multiplicador;
+    p.simular = a.simular;
+    p.explicar = a.json;
     bool andamentoMostrado = false;
+    std::function<void(int, int)> andamento;
     if (isatty(STDERR_FILENO))
-        DefineObservadorAndamento([&](int feitos, int marcados) {
+        andamento = [&](int feitos, int marcados) {
             andamentoMostrado = true;
             std::fprintf(stderr, "\r%s", TextoAndamento(feitos, marcados).c_str());
-        });
-    // A JSON answer explains each line: the pricing code notes as it decides.
-    explicacao::Liga(a.json);
-    bool linhasValidas = true;
-    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
-        linhasValidas = OperaConsulta(static_cast<TolvanF01&>(t), *janelas, a, erro);
-    });
-    if (!falhou) {
-        TolvanF01 tela;
-        MostraModal(tela);
-    }
-    DefineObservadorAndamento({});
+        };
+    const RespostaGeracao r = GeraSemTela(componente, p, mensagens, std::move(andamento));
     if (andamentoMostrado) std::fputc('\n', stderr);
-    const std::vector<LinhaGerada> linhas = LinhasGeradas();
-    std::string desfeito;
-    if (a.simular && !falhou && !ConectorAtual()->RetemAlteracoes(false, desfeito)) {
-        std::fprintf(stderr, "ztolvan gerar: %s\n", desfeito.c_str());
+    switch (r.fim) {
+    case RespostaGeracao::Fim::Banco:
+        std::fprintf(stderr, "ztolvan gerar: %s\n", r.erro.c_str());
         return SaidaBanco;
-    }
-    if (!linhasValidas) {
-        std::fprintf(stderr, "ztolvan gerar: %s\n", erro.c_str());
+    case RespostaGeracao::Fim::LinhaInvalida:
+        std::fprintf(stderr, "ztolvan gerar: %s\n", r.erro.c_str());
         return SaidaLinhaInvalida;
+    default:
+        break;
     }
-    // What ZProcessa hands back once the screen has closed.
-    statusret = static_cast<int16_t>(SessaoAtual().StatusRet);
-    Resultado r{codigo, statusret, zstatus, mens, dados, nullptr};
-    r.mensagens = &mensagens->mostradas;
-    r.itens = &ItensGerados();
-    r.linhas = &linhas;
-    r.simulacao = a.simular;
-    std::cout << (a.json ? ComoJson(r) : ComoTexto(r));
-    return ItensGerados().empty() ? SaidaNadaGerado : SaidaOk;
+    std::cout << (a.json ? RespostaComoJson(r) : RespostaComoTexto(r));
+    return r.fim == RespostaGeracao::Fim::Gerado ? SaidaOk : SaidaNadaGerado;
 }
 
 struct ArgumentosCotacao {
@@ -388,7 +271,7 @@ struct ArgumentosDisponibilidade {
 // type), the consultation screen's model finds the grouping and marks what
 // is asked; the count is the one the screen shows.
 int Disponibilidade(const Conexao& c, const ArgumentosDisponibilidade& a) {
-    auto mensagens = std::make_shared<MensagensDoTerminal>(true);
+    auto mensagens = MensagensDoTerminal(true);
     auto janelas = std::make_shared<JanelasModelo>();
     PortasAtuais().mensagens = mensagens;
     PortasAtuais().telas = janelas;
@@ -438,7 +321,7 @@ int MarcadasNaGrade(const Grade& g) {
 // consultation screen's model finds the grouping and marks its items, and the
 // layout behind the screen's print command writes the PDF.
 int Cota(const Conexao& c, const ArgumentosCotacao& a) {
-    auto mensagens = std::make_shared<MensagensDoTerminal>(true);
+    auto mensagens = MensagensDoTerminal(true);
     auto janelas = std::make_shared<JanelasModelo>();
     PortasAtuais().mensagens = mensagens;
     PortasAtuais().telas = janelas;

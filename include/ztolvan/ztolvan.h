@@ -42,6 +42,23 @@ int zt_processa(zt_consultalista* c, int16_t* zEmpresa, const char* zoperador, c
                 const zt_valor* dados, size_t n_dados, char* dados_saida, size_t dados_saida_tam,
                 size_t* dados_saida_len, int16_t* ztipodepreco, int* zInativos, int* zModoCaptura);
 
+/* A generation preview, as `ztolvan gerar --json --simular` gives it: the
+ * grouping found by code, the rows "itens" marked ("todos", "nenhum",
+ * "1,3,5", or NULL/"" for the origin's marks), the multiplier, and the same
+ * generation path as a real run (numbering, questions, messages), with
+ * every change held in one unit and undone at the end: nothing stays in the
+ * database. Questions are answered Yes/OK when responde_sim is not 0, else
+ * No/Cancel. No window opens. The JSON text goes to saida (cut to at most
+ * saida_tam - 1 bytes on a character boundary; the full length in
+ * *saida_len): ZProcessa's out parameters, "mensagens", "itens", "linhas"
+ * (each with its "explicacao": the price's source and the tax route),
+ * "total" and "simulacao": true; or {"erro": "..."} when a row is not in the
+ * grid or the database refused the preview. Returns 0, or -1 when a
+ * required pointer (c, zoperador, Zorigem, agrupamento) is NULL. */
+int zt_simula(zt_consultalista* c, int16_t zEmpresa, const char* zoperador, const char* Zorigem, int32_t Znumdoc,
+              int16_t Ztpmov, const zt_valor* dados, size_t n_dados, const char* agrupamento, const char* itens,
+              int multiplicador, int responde_sim, char* saida, size_t saida_tam, size_t* saida_len);
+
 /* The component's version text ("1.0.0001"); a static string. */
 const char* zt_versao(void);
 

@@ -1,42 +1,11 @@
-#include <cstring>
 #include <new>
 #include <string>
 
 #include "common/conversao.h"
-#include "ztolvan/consultalista.h"
-#include "ztolvan/ztolvan.h"
+#include "entry/zt_consultalista.h"
 
-struct zt_consultalista {
-    ztolvan::consultalista instancia;
-};
-
-namespace {
-
-ztolvan::Valor ParaValor(const zt_valor& v) {
-    switch (v.tipo) {
-    case ZT_INTEIRO:
-        return ztolvan::Valor(v.inteiro);
-    case ZT_DUPLO:
-        return ztolvan::Valor(v.duplo);
-    case ZT_TEXTO:
-        return ztolvan::Valor(std::string(v.texto ? v.texto : ""));
-    default:
-        return ztolvan::Valor();
-    }
-}
-
-void Copia(const std::string& s, char* destino, size_t tamanho) {
-    if (!destino || tamanho == 0) return;
-    size_t n = std::min(s.size(), tamanho - 1);
-    // A cut text still ends on a whole character: no half of a "»" or "ã".
-    if (n < s.size())
-        while (n > 0 && (static_cast<unsigned char>(s[n]) & 0xC0) == 0x80)
-            --n;
-    std::memcpy(destino, s.data(), n);
-    destino[n] = '\0';
-}
-
-} // namespace
+using ztolvan::c::Copia;
+using ztolvan::c::Vetor;
 
 extern "C" {
 
@@ -59,14 +28,7 @@ int zt_processa(zt_consultalista* c, int16_t* zEmpresa, const char* zoperador, c
     try {
         std::string operador = zoperador ? zoperador : "", senha = Zsenha ? Zsenha : "",
                     origem = Zorigem ? Zorigem : "", mens;
-        ztolvan::Valor vetor;
-        if (dados) {
-            ztolvan::Valor::Lista l;
-            l.reserve(n_dados);
-            for (size_t i = 0; i < n_dados; ++i)
-                l.push_back(ParaValor(dados[i]));
-            vetor = ztolvan::Valor(std::move(l));
-        }
+        ztolvan::Valor vetor = Vetor(dados, n_dados);
         bool inativos = zInativos && *zInativos, captura = zModoCaptura && *zModoCaptura;
         // Origin "F" hands data back in ZDadosVendas even when none came in.
         ztolvan::Valor* pdados = (dados || origem == "F") ? &vetor : nullptr;

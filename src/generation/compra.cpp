@@ -176,9 +176,10 @@ void GeraCompra(TelaGeracao& t) {
             double custo = 0;
             const bool custoLido = LerCusto(custo);
             it.ValUnit = precoDeVenda ? eq.Valor : custo;
-            explicacao::Anota("preco", precoDeVenda    ? "valor da equivalência (COMPRA PRCVEN)"
-                                       : custoLido ? "custo líquido do fornecedor"
-                                                   : "sem custo do fornecedor: 0");
+            if (explicacao::Ligada())
+                explicacao::Anota("preco", precoDeVenda ? "valor da equivalência (COMPRA PRCVEN)"
+                                           : custoLido  ? "custo líquido do fornecedor"
+                                                        : "sem custo do fornecedor: 0");
             it.ValRec = it.ValUnit;
             if (it.ValUnit <= 0)
                 Avisa("Produto " + l.equivalente + CR + l.descricao + CR + " sem Valores definidos!");

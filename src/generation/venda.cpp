@@ -180,7 +180,7 @@ void GeraVenda(TelaGeracao& t) {
             it.DscMat = DescricaoVenda(t, prefixo, l.descricao);
             it.UndMat = eq.UndItem;
             it.ValUnit = preco;
-            explicacao::Anota("preco", "valor do agrupamento");
+            if (explicacao::Ligada()) explicacao::Anota("preco", "valor do agrupamento");
             it.QtdMat = l.qtd;
             it.ClFisIPI = eq.ClasFiscal;
             it.PercIPI = eq.IPI;

@@ -98,7 +98,9 @@ void AnotaAliquota(const char* chave, const char* tipo) {
 
 Tributos ClassificaICMS(const DadosTributos& d) {
     const std::string& s = d.SitTrib;
-    explicacao::Anota("sitTribBase", s);
+    // Notes cost nothing when no one asked for them.
+    const bool explica = explicacao::Ligada();
+    if (explica) explicacao::Anota("sitTribBase", s);
     int c = 0;
     const char* rota = "situação do produto";
     if (s == "4") {
@@ -113,7 +115,7 @@ Tributos ClassificaICMS(const DadosTributos& d) {
     } else {
         c = CInt(Valor(s));
     }
-    explicacao::Anota("rota", rota);
+    if (explica) explicacao::Anota("rota", rota);
 
     Tributos t;
     if (s == "4")
@@ -122,19 +124,19 @@ Tributos ClassificaICMS(const DadosTributos& d) {
         t.SitTrib = "3";
     else
         t.SitTrib = TextoDecimal(c);
-    explicacao::Anota("substituicaoCobrada", s != "3" && t.SitTrib == "3");
+    if (explica) explicacao::Anota("substituicaoCobrada", s != "3" && t.SitTrib == "3");
 
     if (s != "1" && s != "3") {
         if (t.SitTrib == "4") {
             t.PercICMS = Aliquota(d.PercIsen, d.Dado4, "D");
-            explicacao::Anota("tipoAliquota", "D");
+            if (explica) explicacao::Anota("tipoAliquota", "D");
             AnotaAliquota("aliquotaICMS", "D");
         }
         return t;
     }
     if (OperacaoSemICMS(d.NatOper)) return t;
     const char* tipo = Apara(d.Dado1) == "1" ? "F" : "D";
-    explicacao::Anota("tipoAliquota", tipo);
+    if (explica) explicacao::Anota("tipoAliquota", tipo);
     if (t.SitTrib == "1" || t.SitTrib == "3") {
         t.PercICMS = ArredondaQuatro(Aliquota(d.PercIsen, d.Dado4, tipo));
         AnotaAliquota("aliquotaICMS", tipo);
@@ -143,7 +145,7 @@ Tributos ClassificaICMS(const DadosTributos& d) {
     if (t.SitTrib != "3") return t;
     if (Apara(d.Dado1) == "0") {
         t.PercICMS = 0;
-        explicacao::Anota("aliquotaICMS", "zerada: dado 1 é 0");
+        if (explica) explicacao::Anota("aliquotaICMS", "zerada: dado 1 é 0");
         return t;
     }
     t.PercICMSS = Aliquota(d.CodICMSS, d.Dado4, tipo);

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <cstdio>
 #include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
+#include <nlohmann/json.hpp>
+#include <sqlite3.h>
 #include <string>
 #include <unistd.h>
 
@@ -65,7 +68,8 @@ class Biblioteca : public Host {
         acha(destroi, "zt_destroi");
         acha(processa, "zt_processa");
         acha(versao, "zt_versao");
-        ASSERT_TRUE(cria && destroi && processa && versao);
+        acha(simula, "zt_simula");
+        ASSERT_TRUE(cria && destroi && processa && versao && simula);
     }
     void TearDown() override {
         if (lib) dlclose(lib);
@@ -76,6 +80,7 @@ class Biblioteca : public Host {
     decltype(&zt_destroi) destroi = nullptr;
     decltype(&zt_processa) processa = nullptr;
     decltype(&zt_versao) versao = nullptr;
+    decltype(&zt_simula) simula = nullptr;
 };
 
 TEST_F(Biblioteca, CarregadaPeloNomeProcessaComOMesmoContrato) {
@@ -100,6 +105,48 @@ TEST_F(Biblioteca, CarregadaPeloNomeProcessaComOMesmoContrato) {
     ASSERT_EQ(chama(&empresa, "F", nullptr, 0), 0);
     EXPECT_STREQ(saida, "");
     EXPECT_EQ(chama(nullptr, "V", dados, 7), -1);
+    destroi(c);
+}
+
+// A host previews a sales order through the library: the JSON lines with
+// their explanations, and nothing in the database; a buffer too small gets
+// the full length; a row not in the grid is an error in the JSON.
+TEST_F(Biblioteca, PreviaPelaEntradaCEmJsonSemDeixarNada) {
+    zt_consultalista* c = cria();
+    ASSERT_NE(c, nullptr);
+    zt_valor dados[7] = {{ZT_INTEIRO, 5102, 0, nullptr}, {ZT_TEXTO, 0, 0, "1"},  {ZT_INTEIRO, 0, 0, nullptr},
+                         {ZT_TEXTO, 0, 0, "SP"},         {ZT_TEXTO, 0, 0, "SP"}, {ZT_TEXTO, 0, 0, "SP"},
+                         {ZT_TEXTO, 0, 0, "SP"}};
+    std::string saida(64 * 1024, '\0');
+    size_t tam = 0;
+    ASSERT_EQ(simula(c, 1, "DEMO", "V", 1, 0, dados, 7, "000101", "1,2", 2, 0, saida.data(), saida.size(), &tam), 0);
+    const nlohmann::json j = nlohmann::json::parse(saida.c_str(), nullptr, false);
+    ASSERT_FALSE(j.is_discarded()) << saida.c_str();
+    EXPECT_EQ(tam, std::strlen(saida.c_str()));
+    EXPECT_EQ(j["simulacao"], true);
+    EXPECT_EQ(j["Zstatusret"], 0);
+    ASSERT_EQ(j["linhas"].size(), 2u);
+    EXPECT_EQ(j["linhas"][0]["Produto"], "1001");
+    EXPECT_EQ(j["linhas"][0]["Quantidade"], 2.0);
+    EXPECT_EQ(j["linhas"][0]["explicacao"]["preco"], "valor do agrupamento");
+    EXPECT_DOUBLE_EQ(j["total"].get<double>(), 2 * 24.9 + 4 * 8.49);
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(banco.c_str(), &db), SQLITE_OK);
+    sqlite3_stmt* st = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(db, "SELECT COUNT(*) FROM TBPEVIT", -1, &st, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_step(st), SQLITE_ROW);
+    EXPECT_EQ(sqlite3_column_int(st, 0), 0) << "a preview leaves nothing";
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+
+    char pouco[16];
+    size_t inteiro = 0;
+    ASSERT_EQ(simula(c, 1, "DEMO", "V", 1, 0, dados, 7, "000101", "1", 1, 0, pouco, sizeof pouco, &inteiro), 0);
+    EXPECT_EQ(std::strlen(pouco), sizeof pouco - 1);
+    EXPECT_GT(inteiro, sizeof pouco);
+    ASSERT_EQ(simula(c, 1, "DEMO", "V", 1, 0, dados, 7, "000101", "99", 1, 0, saida.data(), saida.size(), &tam), 0);
+    EXPECT_NE(std::string(saida.c_str()).find("\"erro\""), std::string::npos) << saida.c_str();
+    EXPECT_EQ(simula(c, 1, nullptr, "V", 1, 0, dados, 7, "000101", "", 1, 0, nullptr, 0, nullptr), -1);
     destroi(c);
 }
 

@@ -1,4 +1,4 @@
-#include "saida.h"
+#include "componente/saida.h"
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -155,6 +155,10 @@ std::string ComoJson(const Resultado& r) {
     // A text that is not valid UTF-8 (a database may hold one) is shown with
     // replacement characters rather than failing the whole answer.
     return o.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string ErroComoJson(const std::string& texto) {
+    return Json{{"erro", texto}}.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 std::string ComoTexto(const estoque::Disponibilidade& d) {

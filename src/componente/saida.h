@@ -30,6 +30,8 @@ struct Resultado {
 
 std::string ComoTexto(const Resultado& r);
 std::string ComoJson(const Resultado& r);
+// {"erro": texto}: a request that could not run.
+std::string ErroComoJson(const std::string& texto);
 
 // The stock count of a grouping: a line per item (need, free stock, the
 // groupings it alone allows, "*" on a limiting one), then the total.
