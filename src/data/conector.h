@@ -37,6 +37,12 @@ class ConectorBD {
     // held, so a run numbers and answers as a real one would. 'reter' false
     // undoes all of it. false with msg when the unit cannot be opened.
     virtual bool RetemAlteracoes(bool reter, std::string& msg) = 0;
+    // Opens the next change's unit now, before the reads it depends on,
+    // under a lock on 'chave' that the same call on another connection
+    // waits for; the unit's COMMIT or ROLLBACK releases it. Inside a
+    // preview's held unit nothing is needed. false with msg when the lock
+    // cannot be had.
+    virtual bool TravaParaAlterar(const std::string& chave, std::string& msg) = 0;
 };
 
 } // namespace ztolvan

@@ -268,4 +268,13 @@ bool ConectorComum::RetemAlteracoes(bool reter, std::string& msg) {
     return DesfazUnidadeRetida(msg) == status::Ok;
 }
 
+bool ConectorComum::TravaParaAlterar(const std::string& chave, std::string& msg) {
+    if (retendo_) return true;
+    if (!Conectado()) {
+        msg = "Sem conexão com o banco de dados";
+        return false;
+    }
+    return AbreUnidadeTravada(chave, msg) == status::Ok;
+}
+
 } // namespace ztolvan

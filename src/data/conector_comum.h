@@ -21,6 +21,7 @@ class ConectorComum : public ConectorBD {
     void Consulta(int16_t Conexao, const std::string& Texto, TabelaResultado& Tabela, std::string& Status,
                   std::string& Msg) final;
     bool RetemAlteracoes(bool reter, std::string& msg) final;
+    bool TravaParaAlterar(const std::string& chave, std::string& msg) final;
 
   protected:
     // A prepared statement of the database kind.
@@ -50,6 +51,8 @@ class ConectorComum : public ConectorBD {
     virtual std::string AbreUnidadeRetida(std::string& msg) = 0;
     virtual std::string ComandoNaUnidade(const char* sql, std::string& msg) = 0;
     virtual std::string DesfazUnidadeRetida(std::string& msg) = 0;
+    // The unit of change opened (when none is) under the lock of 'chave'.
+    virtual std::string AbreUnidadeTravada(const std::string& chave, std::string& msg) = 0;
 
   private:
     struct Cursor {

@@ -6,6 +6,7 @@
 #include "common/conversao.h"
 #include "common/texto.h"
 #include "data/comunica.h"
+#include "data/despachante.h"
 #include "data/modules/modulos.h"
 #include "entry/sessao.h"
 #include "entry/settings/configuracao.h"
@@ -159,7 +160,8 @@ void GeraDocumento(TelaGeracao& t) {
             if (tipo1) {
                 const bool item4 = usaPrecoItem4 && mat.PrcItem4 > 0;
                 it.ValUnit = item4 ? mat.PrcItem4 : mat.UltCValor;
-                explicacao::Anota("preco", item4 ? "custo do estoque (PrcItem4)" : "última compra (UltCValor)");
+                if (explicacao::Ligada())
+                    explicacao::Anota("preco", item4 ? "custo do estoque (PrcItem4)" : "última compra (UltCValor)");
             } else {
                 // A trapped price error is reported there; the row goes on with 0.
                 it.ValUnit = PrecoPromocional("TolvanF01");
@@ -227,7 +229,7 @@ void GeraDocumento(TelaGeracao& t) {
 }
 
 void BloqMaterial() {
-    Trapa("BloqMaterial", "TolvanF01", [&](int& linha) {
+    const bool ok = Trapa("BloqMaterial", "TolvanF01", [&](int& linha) {
         linha = 10;
         const std::string& flag = EstadoAtual().flagCMES;
         if ((flag != "3" && flag != "1") || Normaliza(SessaoAtual().BloqueiaItens) == "NAO") return;
@@ -236,13 +238,28 @@ void BloqMaterial() {
         A_MTBMAT_t& mat = A_MTBMAT();
         ChaveMTBMAT().Empresa = SessaoAtual().Empresa;
         ChaveMTBMAT().CodItem = it.CodMat2;
+        // The read and the write of the block are one unit under the
+        // product's lock: two terminals blocking it at once add up, one
+        // waiting for the other, and neither block is lost.
+        std::string erro;
+        ConectorBD* conector = ConectorAtual();
+        if (!conector || !conector->TravaParaAlterar("TBMAT " + TextoDecimal(SessaoAtual().Empresa) + " " +
+                                                         Apara(it.CodMat2.str()),
+                                                     erro)) {
+            Avisa("Erro na Leitura do Produto = " + erro);
+            return;
+        }
         mat.Funcao = "FSEL001";
         mat.Transacao = "REQUERY";
         MTBMAT();
         const Comunica& c = ComunicaAtual();
-        if (c.Status == status::SemLinha) return;
+        if (c.Status == status::SemLinha) {
+            Desfaz();
+            return;
+        }
         if (c.Status != status::Ok) {
             Avisa("Erro na Leitura do Produto = " + c.Msg);
+            Desfaz();
             return;
         }
         linha = 30;
@@ -262,6 +279,8 @@ void BloqMaterial() {
         // Nothing of a block that did not happen stays pending.
         Desfaz();
     });
+    // Nor after an error: the product's lock goes with the unit.
+    if (!ok) Desfaz();
 }
 
 } // namespace ztolvan

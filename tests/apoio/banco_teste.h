@@ -75,6 +75,9 @@ class ConectorGravador : public ConectorBD {
     }
     const char* Tipo() const override { return real_->Tipo(); }
     bool RetemAlteracoes(bool reter, std::string& msg) override { return real_->RetemAlteracoes(reter, msg); }
+    bool TravaParaAlterar(const std::string& chave, std::string& msg) override {
+        return real_->TravaParaAlterar(chave, msg);
+    }
 
     std::vector<Chamada> chamadas;
     // A fault to play: when it answers true for a call, the call fails with

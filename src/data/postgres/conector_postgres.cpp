@@ -412,6 +412,30 @@ std::string ConectorPostgres::Desfaz(std::string& msg) {
     return Simples("ROLLBACK", msg);
 }
 
+// A transaction-level advisory lock on the key, taken with the unit's BEGIN
+// in one round trip: another connection asking for the same key waits
+// until this unit's COMMIT or ROLLBACK.
+std::string ConectorPostgres::AbreUnidadeTravada(const std::string& chave, std::string& msg) {
+    if (!Disponivel(msg)) return status::Falha;
+    char* literal = PQescapeLiteral(conn_, chave.data(), chave.size());
+    if (!literal) {
+        msg = MensagemDe(conn_, nullptr);
+        return status::Falha;
+    }
+    const std::string sql = std::string(emUnidade_ ? "" : "BEGIN; ") +
+                            "SELECT pg_advisory_xact_lock(hashtextextended(" + literal + ", 0))";
+    PQfreemem(literal);
+    const bool abre = !emUnidade_;
+    const std::string st = Simples(sql.c_str(), msg);
+    if (st == status::Ok) {
+        emUnidade_ = true;
+    } else if (abre) {
+        std::string ignora;
+        Simples("ROLLBACK", ignora);
+    }
+    return st;
+}
+
 std::string ConectorPostgres::AbreUnidadeRetida(std::string& msg) {
     if (!Disponivel(msg) || Simples("BEGIN", msg) != status::Ok) return status::Falha;
     emUnidade_ = true;

@@ -37,6 +37,7 @@ class ConectorPostgres : public ConectorComum {
     std::string Confirma(std::string& msg) override;
     std::string Desfaz(std::string& msg) override;
     std::string AbreUnidadeRetida(std::string& msg) override;
+    std::string AbreUnidadeTravada(const std::string& chave, std::string& msg) override;
     std::string ComandoNaUnidade(const char* sql, std::string& msg) override { return Simples(sql, msg); }
     std::string DesfazUnidadeRetida(std::string& msg) override;
 

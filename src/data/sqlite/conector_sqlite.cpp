@@ -303,4 +303,11 @@ std::string ConectorSqlite::Desfaz(std::string& msg) {
     return Simples("ROLLBACK", msg);
 }
 
+// The file has one write lock: a unit that takes it before its reads makes
+// every other writer wait (busy timeout) until its COMMIT or ROLLBACK.
+std::string ConectorSqlite::AbreUnidadeTravada(const std::string&, std::string& msg) {
+    if (!sqlite3_get_autocommit(db_)) return status::Ok;
+    return Simples("BEGIN IMMEDIATE", msg);
+}
+
 } // namespace ztolvan

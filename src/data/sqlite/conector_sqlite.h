@@ -32,6 +32,7 @@ class ConectorSqlite : public ConectorComum {
     std::string Confirma(std::string& msg) override;
     std::string Desfaz(std::string& msg) override;
     std::string AbreUnidadeRetida(std::string& msg) override { return Simples("BEGIN IMMEDIATE", msg); }
+    std::string AbreUnidadeTravada(const std::string& chave, std::string& msg) override;
     std::string ComandoNaUnidade(const char* sql, std::string& msg) override { return Simples(sql, msg); }
     std::string DesfazUnidadeRetida(std::string& msg) override { return Desfaz(msg); }
 
