@@ -23,6 +23,18 @@ namespace {
 
 const Valor VendaSP = Valor::Lista{5102, "1", 0, "SP", "SP", "SP", "SP"};
 
+// A grid loaded by the consultation screen, kept as generation's input.
+void Copia(const Grade& de, Grade& para) {
+    para.DefineCols(de.Cols());
+    for (int r = 0; r < de.Rows(); ++r) {
+        std::string l;
+        for (int c = 0; c < de.Cols(); ++c)
+            l += (c ? "\t" : "") + de.TextMatrix(r, c);
+        para.AddItem(l);
+    }
+    if (para.Rows() > 1) para.DefineRow(1);
+}
+
 class Robustez : public GeracaoDemo {
   protected:
     // A grouping of n items (distinct quantities, every product in stock),
@@ -59,16 +71,6 @@ class Robustez : public GeracaoDemo {
         }
         ASSERT_EQ(itens.Rows(), n + 1);
         componente.reset();
-    }
-    static void Copia(const Grade& de, Grade& para) {
-        para.DefineCols(de.Cols());
-        for (int r = 0; r < de.Rows(); ++r) {
-            std::string l;
-            for (int c = 0; c < de.Cols(); ++c)
-                l += (c ? "\t" : "") + de.TextMatrix(r, c);
-            para.AddItem(l);
-        }
-        if (para.Rows() > 1) para.DefineRow(1);
     }
 
     // A child process: its own connection, generating every row into sales
@@ -246,6 +248,137 @@ TEST_P(Robustez, DoisProcessosNoMesmoDocumentoNaoRepetemNumeros) {
     }
     EXPECT_GT(colisoes, 0) << "the two never met";
 }
+
+// Eight terminals block the same two products at the same moment, round
+// after round, each into a store document of its own: every block counts.
+class BloqueioConcorrente : public GeracaoDemo {
+  protected:
+    static constexpr int Processos = 8, Rodadas = 5;
+
+    void Prepara() {
+        db->Direto("UPDATE TBMAT SET QtdItAtu = 100000, QtdItBloq = 0 WHERE Empresa = 1");
+        Ajuste("BLOQUEIA ITENS", "SIM");
+        // Store documents 2..8 as copies of document 1.
+        std::vector<std::string> colunas;
+        std::stringstream lista(A_MTBDOC_t::Colunas().Lista());
+        for (std::string c; std::getline(lista, c, ',');)
+            colunas.push_back(Apara(c));
+        for (int seq = 2; seq <= Processos; ++seq) {
+            std::string nomes, valores;
+            for (const std::string& c : colunas) {
+                nomes += (nomes.empty() ? "" : ", ") + c;
+                valores += (valores.empty() ? "" : ", ") + (Normaliza(c) == "SEQ" ? std::to_string(seq) : c);
+            }
+            db->Direto("INSERT INTO TBDOC (" + nomes + ") SELECT " + valores +
+                       " FROM TBDOC WHERE Empresa = 1 AND Seq = 1");
+        }
+        db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, UndItem, "
+                   "QtdUnd, Valor, STTR, Tipo) VALUES (1, 'BLOQ', 'Bloqueio', 1, '1001', 'x', '7891234100100', 1, "
+                   "'UN', 1, 1, 0, 1), (1, 'BLOQ', 'Bloqueio', 2, '1002', 'y', '7891234100200', 2, 'UN', 1, 1, 0, "
+                   "1)");
+        int16_t empresa = 1, opcao = 0, ret = 0, zs = 0, tp = 2;
+        int32_t cod = 0, doc = 1;
+        std::string op = "TESTE", senha, origem = "D", mens;
+        Valor dados = Valor::Lista{5102, "1", 0, "SP", "SP", "SP", "SP"};
+        componente->ZProcessa(empresa, op, senha, opcao, cod, origem, doc, tp, ret, zs, mens, &dados);
+        {
+            TolvanF01 f;
+            f.Carrega();
+            f.cboPesquisa.Seleciona(1);
+            f.txtPesquisa.Digita("BLOQ");
+            f.bttPesquisa_Click();
+            f.sbMarcarTodosDaTela();
+            Copia(f.GCon1, itens);
+            Copia(f.MSFGAgrupamento, agrupamentos);
+            nome = f.LNome.Caption;
+        }
+        ASSERT_EQ(itens.Rows(), 3);
+        componente.reset();
+    }
+
+    // A terminal: its own connection and document; waits for the parent's
+    // byte, generates, and writes "<items written> <messages shown>".
+    [[noreturn]] void Terminal(int documento, int vai, int resultado) {
+        int escritos = 0, mensagens = 0;
+        try {
+            if (!db->Conecta()) _exit(4);
+            ZeraCursoresModulos();
+            db->mensagens->Limpa();
+            SessaoAtual().NumDoc = documento;
+            janelas->AoMostrar("TolvanF05", [](Tela& d) {
+                auto& q = static_cast<TolvanF05&>(d);
+                q.TxQtdGera.Digita("1");
+                q.bok_Click();
+            });
+            TelaGeracao tela{itens, agrupamentos, nome, {}};
+            char b;
+            if (read(vai, &b, 1) != 1) _exit(3);
+            sbGerarDocumento(tela);
+            escritos = static_cast<int>(ItensGerados().size());
+            mensagens = static_cast<int>(Mostradas().size());
+        } catch (...) {
+            _exit(2);
+        }
+        const std::string r = std::to_string(escritos) + " " + std::to_string(mensagens) + "\n";
+        if (write(resultado, r.data(), r.size()) != static_cast<ssize_t>(r.size())) _exit(3);
+        _exit(0);
+    }
+
+    double Bloqueado(const char* produto) {
+        return CDbl(Um(std::string("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '") + produto + "'"));
+    }
+    double Escrito(const char* produto) {
+        return CDbl(Um(std::string("SELECT ISNULL(SUM(QtdMat), 0) FROM TBDOCIT WHERE Empresa = 1 AND CodMat2 = '") +
+                       produto + "'"));
+    }
+
+    Grade itens, agrupamentos;
+    std::string nome;
+};
+
+TEST_P(BloqueioConcorrente, OitoTerminaisAoMesmoTempoSomamCadaBloqueio) {
+    Prepara();
+    if (HasFatalFailure()) return;
+    for (int r = 0; r < Rodadas; ++r) {
+        int vai[2], resultado[Processos][2];
+        ASSERT_EQ(pipe(vai), 0);
+        pid_t pids[Processos];
+        for (int i = 0; i < Processos; ++i) {
+            ASSERT_EQ(pipe(resultado[i]), 0);
+            pids[i] = fork();
+            if (pids[i] == 0) {
+                close(vai[1]);
+                close(resultado[i][0]);
+                Terminal(i + 1, vai[0], resultado[i][1]);
+            }
+            close(resultado[i][1]);
+        }
+        close(vai[0]);
+        // All connected and waiting: let them go at once.
+        const std::string todos(Processos, 'g');
+        ASSERT_EQ(write(vai[1], todos.data(), todos.size()), static_cast<ssize_t>(todos.size()));
+        close(vai[1]);
+        for (int i = 0; i < Processos; ++i) {
+            int st = 0;
+            waitpid(pids[i], &st, 0);
+            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << "terminal " << i + 1 << ": " << st;
+            char buf[64] = {};
+            ASSERT_GT(read(resultado[i][0], buf, sizeof buf - 1), 0);
+            close(resultado[i][0]);
+            int e = -1, m = -1;
+            std::istringstream(buf) >> e >> m;
+            EXPECT_EQ(e, 2) << "terminal " << i + 1 << " wrote both items";
+            EXPECT_EQ(m, 0) << "terminal " << i + 1 << " reported something";
+        }
+    }
+    ASSERT_TRUE(db->Conecta());
+    EXPECT_EQ(Escrito("1001"), Processos * Rodadas * 1.0);
+    EXPECT_EQ(Bloqueado("1001"), Escrito("1001")) << "a block was lost";
+    EXPECT_EQ(Bloqueado("1002"), Escrito("1002")) << "a block was lost";
+    EXPECT_EQ(Escrito("1002"), Processos * Rodadas * 2.0);
+}
+
+ZTOLVAN_NOS_DOIS_BANCOS(BloqueioConcorrente);
 
 // Hostile rows in one process.
 class ValoresHostis : public GeracaoDemo {};

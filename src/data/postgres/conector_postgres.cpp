@@ -321,34 +321,38 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
 // and RELEASE after it), all sent in one round trip through libpq's pipeline.
 // A failing statement leaves the words after it unrun and the unit aborted:
 // the caller undoes it. Returns the statement's status.
-std::string ConectorPostgres::RodaEntre(const char* antes, ComandoPg& c, const Valor::Lista& valores,
-                                        const char* depois, TabelaResultado& tabela, bool comColunas,
-                                        std::string& msg) {
+std::string ConectorPostgres::RodaEntre(std::span<const char* const> antes, ComandoPg& c,
+                                        const Valor::Lista& valores, const char* depois, TabelaResultado& tabela,
+                                        bool comColunas, std::string& msg) {
     if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
     Parametros p(valores);
     if (!PQenterPipelineMode(conn_)) {
         msg = MensagemDe(conn_, nullptr);
         return status::Falha;
     }
-    bool enviado = PQsendQueryParams(conn_, antes, 0, nullptr, nullptr, nullptr, nullptr, 0) &&
-                   (c.avulso ? PQsendQueryParams(conn_, c.texto.c_str(), p.n(), nullptr, p.ptrs.data(), nullptr,
-                                                 nullptr, 0)
-                             : PQsendQueryPrepared(conn_, c.nome.c_str(), p.n(), p.ptrs.data(), nullptr,
-                                                   nullptr, 0)) &&
-                   (!depois || PQsendQueryParams(conn_, depois, 0, nullptr, nullptr, nullptr, nullptr, 0)) &&
-                   PQpipelineSync(conn_);
+    bool enviado = true;
+    for (const char* a : antes)
+        enviado = enviado && PQsendQueryParams(conn_, a, 0, nullptr, nullptr, nullptr, nullptr, 0);
+    enviado = enviado &&
+              (c.avulso ? PQsendQueryParams(conn_, c.texto.c_str(), p.n(), nullptr, p.ptrs.data(), nullptr, nullptr,
+                                            0)
+                        : PQsendQueryPrepared(conn_, c.nome.c_str(), p.n(), p.ptrs.data(), nullptr, nullptr, 0)) &&
+              (!depois || PQsendQueryParams(conn_, depois, 0, nullptr, nullptr, nullptr, nullptr, 0)) &&
+              PQpipelineSync(conn_);
     ++idasEVoltas_;
     // Results arrive in order, each followed by a NULL, and the sync last.
-    const int pedidos = depois ? 3 : 2;
+    const int comando = static_cast<int>(antes.size());
+    const int pedidos = comando + (depois ? 2 : 1);
     std::string st = status::Falha, falhaAntes;
     for (int i = 0; enviado && i < pedidos; ++i) {
         auto r = Envolve(PQgetResult(conn_));
         if (r)
             while (PGresult* resto = PQgetResult(conn_))
                 PQclear(resto);
-        if (i == 1) {
+        if (i == comando) {
             st = Le(c, r.get(), tabela, comColunas, msg);
-        } else if (i == 0 && PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
+        } else if (i < comando && falhaAntes.empty() && PQresultStatus(r.get()) != PGRES_COMMAND_OK &&
+                   PQresultStatus(r.get()) != PGRES_TUPLES_OK) {
             falhaAntes = MensagemDe(conn_, r.get());
         }
     }
@@ -378,10 +382,14 @@ std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valo
     auto& c = static_cast<ComandoPg&>(comando);
     if (!Disponivel(msg)) return status::Falha;
     if (!emUnidade_) {
-        if (!c.altera) return Roda(c, valores, tabela, comColunas, msg);
-        // First change of a unit, sent with its BEGIN: when it fails the unit
-        // holds nothing else, so undoing the whole unit undoes just it.
-        std::string st = RodaEntre("BEGIN", c, valores, nullptr, tabela, comColunas, msg);
+        if (!c.altera && travaPendente_.empty()) return Roda(c, valores, tabela, comColunas, msg);
+        // First change of a unit (or a read under a lock asked for), sent with
+        // its BEGIN and the lock: when it fails the unit holds nothing else,
+        // so undoing the whole unit undoes just it.
+        const char* const antes[] = {"BEGIN", travaPendente_.c_str()};
+        std::string st = RodaEntre(std::span(antes, travaPendente_.empty() ? 1 : 2), c, valores, nullptr, tabela,
+                                   comColunas, msg);
+        travaPendente_.clear();
         if (st == status::Ok) {
             emUnidade_ = true;
         } else {
@@ -392,7 +400,8 @@ std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valo
     }
     // Inside a unit a failing statement is undone alone, its earlier
     // changes kept pending.
-    std::string st = RodaEntre("SAVEPOINT zt", c, valores, "RELEASE SAVEPOINT zt", tabela, comColunas, msg);
+    const char* const antes[] = {"SAVEPOINT zt"};
+    std::string st = RodaEntre(antes, c, valores, "RELEASE SAVEPOINT zt", tabela, comColunas, msg);
     if (st != status::Ok) {
         std::string ignora;
         Simples("ROLLBACK TO SAVEPOINT zt; RELEASE SAVEPOINT zt", ignora);
@@ -401,20 +410,22 @@ std::string ConectorPostgres::Executa(Comando& comando, const Valor::Lista& valo
 }
 
 std::string ConectorPostgres::Confirma(std::string& msg) {
+    travaPendente_.clear();
     if (!emUnidade_) return status::Ok;
     emUnidade_ = false;
     return Simples("COMMIT", msg);
 }
 
 std::string ConectorPostgres::Desfaz(std::string& msg) {
+    travaPendente_.clear();
     if (!emUnidade_) return status::Ok;
     emUnidade_ = false;
     return Simples("ROLLBACK", msg);
 }
 
-// A transaction-level advisory lock on the key, taken with the unit's BEGIN
-// in one round trip: another connection asking for the same key waits
-// until this unit's COMMIT or ROLLBACK.
+// A transaction-level advisory lock on the key: another connection asking
+// for the same key waits until this unit's COMMIT or ROLLBACK. A unit not
+// yet open takes it with its BEGIN and first statement, in one round trip.
 std::string ConectorPostgres::AbreUnidadeTravada(const std::string& chave, std::string& msg) {
     if (!Disponivel(msg)) return status::Falha;
     char* literal = PQescapeLiteral(conn_, chave.data(), chave.size());
@@ -422,18 +433,13 @@ std::string ConectorPostgres::AbreUnidadeTravada(const std::string& chave, std::
         msg = MensagemDe(conn_, nullptr);
         return status::Falha;
     }
-    const std::string sql = std::string(emUnidade_ ? "" : "BEGIN; ") +
-                            "SELECT pg_advisory_xact_lock(hashtextextended(" + literal + ", 0))";
+    std::string sql = std::string("SELECT pg_advisory_xact_lock(hashtextextended(") + literal + ", 0))";
     PQfreemem(literal);
-    const bool abre = !emUnidade_;
-    const std::string st = Simples(sql.c_str(), msg);
-    if (st == status::Ok) {
-        emUnidade_ = true;
-    } else if (abre) {
-        std::string ignora;
-        Simples("ROLLBACK", ignora);
+    if (!emUnidade_) {
+        travaPendente_ = std::move(sql);
+        return status::Ok;
     }
-    return st;
+    return Simples(sql.c_str(), msg);
 }
 
 std::string ConectorPostgres::AbreUnidadeRetida(std::string& msg) {

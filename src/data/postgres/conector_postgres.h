@@ -2,6 +2,8 @@
 #include <atomic>
 #include <cstdint>
 #include <libpq-fe.h>
+#include <span>
+#include <string>
 
 #include "data/conector_comum.h"
 
@@ -50,13 +52,16 @@ class ConectorPostgres : public ConectorComum {
     std::string Simples(const char* sql, std::string& msg);
     std::string Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela, bool comColunas,
                      std::string& msg);
-    std::string RodaEntre(const char* antes, ComandoPg& c, const Valor::Lista& valores, const char* depois,
-                          TabelaResultado& tabela, bool comColunas, std::string& msg);
+    std::string RodaEntre(std::span<const char* const> antes, ComandoPg& c, const Valor::Lista& valores,
+                          const char* depois, TabelaResultado& tabela, bool comColunas, std::string& msg);
     std::string Le(ComandoPg& c, const PGresult* r, TabelaResultado& tabela, bool comColunas, std::string& msg);
 
     static std::atomic<uint64_t> idasEVoltas_;
     PGconn* conn_ = nullptr;
     bool emUnidade_ = false;
+    // A product's lock asked before any statement of its unit: it goes out
+    // with the unit's BEGIN and first statement, in the same round trip.
+    std::string travaPendente_;
     unsigned geracao_ = 0; // bumped on every (re)connection: prepared names are per session
     unsigned proximoNome_ = 0;
 };
