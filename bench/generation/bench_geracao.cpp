@@ -317,12 +317,14 @@ void PisoSqlite(sqlite3* db, const Caso& k, const Entrada& e, const ValoresSq& v
         }
         ExecSqlite(db, "COMMIT");
         if (!venda) {
+            // The block's read and write under the write lock, as the
+            // component does, so that no other terminal's block is lost.
+            ExecSqlite(db, "BEGIN IMMEDIATE");
             sqlite3_bind_int(estoque.s, 1, 1);
             estoque.Texto(2, prod);
             le(estoque);
             const double bloqueado = sqlite3_column_double(estoque.s, col.qtdItBloq) + 1;
             estoque.Fim();
-            ExecSqlite(db, "BEGIN IMMEDIATE");
             sqlite3_bind_double(bloq.s, 1, bloqueado);
             sqlite3_bind_int(bloq.s, 2, 1);
             bloq.Texto(3, prod);
@@ -407,9 +409,11 @@ void PisoPostgres(PGconn* c, const Caso& k, const Entrada& e, const std::vector<
         if (venda) desc.Roda({"1", doc.c_str(), numero.c_str(), "0", "0", "0", "0", "0"});
         ExecPg(c, "COMMIT");
         if (!venda) {
+            // The block's read and write in one unit under the product's
+            // advisory lock, as the component does.
+            ExecPg(c, ("BEGIN; SELECT pg_advisory_xact_lock(hashtextextended('TBMAT 1 " + prod + "', 0))").c_str());
             const std::string bloqueado =
                 std::to_string(std::stod(estoque.Roda({"1", prod.c_str()}, col.qtdItBloq)) + 1);
-            ExecPg(c, "BEGIN");
             bloq.Roda({bloqueado.c_str(), "1", prod.c_str()});
             ExecPg(c, "COMMIT");
         }
