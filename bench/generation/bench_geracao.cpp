@@ -4,6 +4,7 @@
 // through sqlite3 and libpq in a tight loop; then the memory generation takes
 // on top of what the process holds, for 1,000 and 10,000 items.
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <libpq-fe.h>
@@ -448,6 +449,98 @@ void ComLatencia(const ConfigBanco& config, JanelasModelo& janelas, Entrada& e,
     ZeraCursoresModulos();
 }
 
+// Several terminals at once: 1, 2, 4 and 8 processes, each with its own
+// connection generating its own 500-item sales order, all let go together.
+// Items/s over the whole wall time, and the failures (items not written,
+// messages shown): 0 expected, SQLite's busy timeout absorbing the waits.
+void Terminais(const std::string& banco, const ConfigBanco& config, JanelasModelo& janelas, const Entrada& e,
+               const std::function<void(const std::string&)>& exec) {
+    constexpr int Por = 500;
+    Entrada parte;
+    for (int r = 0; r <= Por; ++r) {
+        std::string l;
+        for (int c = 0; c < e.itens.Cols(); ++c)
+            l += (c ? "\t" : "") + e.itens.TextMatrix(r, c);
+        parte.itens.DefineCols(e.itens.Cols());
+        parte.itens.AddItem(l);
+    }
+    parte.itens.DefineRow(1);
+    Copia(e.agrupamentos, parte.agrupamentos);
+    parte.nome = e.nome;
+    for (int n : {1, 2, 4, 8}) {
+        for (int i = 0; i < n; ++i)
+            exec("INSERT INTO TBPEV (Empresa, NumPed, UF, CodVendedor, CodRep, NatOper) VALUES (1, " +
+                 std::to_string(100 + 10 * n + i) + ", 'SP', 1, 10, 5102)");
+        FechaConexao();
+        int pronto[2], vai[2], resultado[2];
+        if (pipe(pronto) != 0 || pipe(vai) != 0 || pipe(resultado) != 0) throw std::runtime_error("pipe");
+        std::vector<pid_t> pids;
+        for (int i = 0; i < n; ++i) {
+            const pid_t pid = fork();
+            if (pid == 0) {
+                close(pronto[0]);
+                close(vai[1]);
+                close(resultado[0]);
+                int r[2] = {0, 1};
+                try {
+                    if (AbreComponente(config.Servidor, config.Banco, config.USUARIO, config.Senha)) {
+                        ZeraCursoresModulos();
+                        SessaoAtual().NumDoc = 100 + 10 * n + i;
+                        auto mensagens = std::make_shared<MensagensGravadas>();
+                        PortasAtuais().mensagens = mensagens;
+                        char b = 'p';
+                        if (write(pronto[1], &b, 1) == 1 && read(vai[0], &b, 1) == 1) {
+                            // The process's own copy of the grid, after the fork.
+                            TelaGeracao tela{parte.itens, parte.agrupamentos, parte.nome, {}};
+                            janelas.AoMostrar("TolvanF05", [](Tela& t) {
+                                auto& d = static_cast<TolvanF05&>(t);
+                                d.TxQtdGera.Digita("1");
+                                d.bok_Click();
+                            });
+                            sbGerarDocumento(tela);
+                            r[0] = static_cast<int>(ItensGerados().size());
+                            r[1] = static_cast<int>(mensagens->Mostradas().size());
+                        }
+                    }
+                } catch (...) {
+                }
+                _exit(write(resultado[1], r, sizeof r) == sizeof r ? 0 : 1);
+            }
+            pids.push_back(pid);
+        }
+        close(pronto[1]);
+        close(vai[0]);
+        close(resultado[1]);
+        for (int i = 0; i < n; ++i) {
+            char b;
+            if (read(pronto[0], &b, 1) != 1) throw std::runtime_error("terminal não conectou");
+        }
+        const auto t0 = std::chrono::steady_clock::now();
+        const std::string todos(static_cast<size_t>(n), 'g');
+        if (write(vai[1], todos.data(), todos.size()) != static_cast<ssize_t>(todos.size()))
+            throw std::runtime_error("pipe");
+        int escritos = 0, falhas = 0;
+        for (int i = 0; i < n; ++i) {
+            int r[2] = {0, 1};
+            if (read(resultado[0], r, sizeof r) != sizeof r) ++falhas;
+            escritos += r[0];
+            falhas += r[1] + (Por - r[0]);
+        }
+        for (pid_t p : pids)
+            waitpid(p, nullptr, 0);
+        const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+        close(pronto[0]);
+        close(vai[1]);
+        close(resultado[0]);
+        std::printf("terminais-%s-%d: %d processes, %.0f items/s, failures %d\n", banco.c_str(), n, n,
+                    escritos / s, falhas);
+        std::fflush(stdout);
+        if (!AbreComponente(config.Servidor, config.Banco, config.USUARIO, config.Senha))
+            throw std::runtime_error(ComunicaAtual().Msg);
+        ZeraCursoresModulos();
+    }
+}
+
 template <class Piso, class Valores>
 void Roda(const std::string& banco, const ConfigBanco& config,
           const std::function<void(const std::string&)>& exec, Valores valoresDo, Piso piso) {
@@ -486,6 +579,7 @@ void Roda(const std::string& banco, const ConfigBanco& config,
             });
         }
 
+        if (k.origem == std::string("V")) Terminais(banco, config, *janelas, e, exec);
         const auto [extra1, pico1] = Memoria(config, *janelas, "CARGA", Itens, 3);
         const auto [extra10, pico10] = Memoria(config, *janelas, "CARGA10K", ItensGrande, 4);
         std::printf(
