@@ -260,6 +260,20 @@ struct ArgumentosCotacao {
     std::optional<int> tipoPreco;
 };
 
+// ZProcessa without a screen and without a document: the context of a
+// company, an operator and the price type that a subcommand then works in
+// on the consultation screen's model.
+void ProcessaSemTela(consultalista& componente, int empresaPedida, const std::string& operadorPedido,
+                     std::optional<int> tipoPreco) {
+    int16_t empresa = static_cast<int16_t>(empresaPedida), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
+    int32_t codigo = 0, numdoc = 0;
+    std::string operador = operadorPedido, senha, origem, mens;
+    int16_t tipo = static_cast<int16_t>(tipoPreco.value_or(0));
+    bool inativos = false, captura = false;
+    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus, mens,
+                         nullptr, tipoPreco ? &tipo : nullptr, &inativos, &captura);
+}
+
 struct ArgumentosDisponibilidade {
     int empresa = 1;
     std::string operador = "DEMO", agrupamento, itens;
@@ -278,13 +292,7 @@ int Disponibilidade(const Conexao& c, const ArgumentosDisponibilidade& a) {
     c.Fixa();
     consultalista componente;
     if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
-    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
-    int32_t codigo = 0, numdoc = 0;
-    std::string operador = a.operador, senha, origem, mens;
-    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
-    bool inativos = false, captura = false;
-    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
-                         mens, nullptr, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+    ProcessaSemTela(componente, a.empresa, a.operador, a.tipoPreco);
 
     int saida = SaidaOk;
     std::string erro, texto;
@@ -333,13 +341,7 @@ int Cota(const Conexao& c, const ArgumentosCotacao& a) {
     c.Fixa();
     consultalista componente;
     if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
-    int16_t empresa = static_cast<int16_t>(a.empresa), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
-    int32_t codigo = 0, numdoc = 0;
-    std::string operador = a.operador, senha, origem, mens;
-    int16_t tipo = static_cast<int16_t>(a.tipoPreco.value_or(0));
-    bool inativos = false, captura = false;
-    componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus,
-                         mens, nullptr, a.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+    ProcessaSemTela(componente, a.empresa, a.operador, a.tipoPreco);
 
     int saida = SaidaOk, marcadas = 0;
     std::string erro;

@@ -35,6 +35,26 @@ void Copia(const Grade& de, Grade& para) {
     if (para.Rows() > 1) para.DefineRow(1);
 }
 
+// ZProcessa fills the context of the origin's document 1; then the
+// consultation screen loads 'grupo' with every row marked, and its grids
+// and name are kept as generation's input.
+void Carrega(consultalista& componente, const std::string& origem, int16_t tpmov, Valor dados,
+             const std::string& grupo, Grade& itens, Grade& agrupamentos, std::string& nome) {
+    int16_t empresa = 1, opcao = 0, ret = 0, zs = 0;
+    int32_t cod = 0, doc = 1;
+    std::string op = "TESTE", senha, o = origem, mens;
+    componente.ZProcessa(empresa, op, senha, opcao, cod, o, doc, tpmov, ret, zs, mens, &dados);
+    TolvanF01 f;
+    f.Carrega();
+    f.cboPesquisa.Seleciona(1);
+    f.txtPesquisa.Digita(grupo);
+    f.bttPesquisa_Click();
+    f.sbMarcarTodosDaTela();
+    Copia(f.GCon1, itens);
+    Copia(f.MSFGAgrupamento, agrupamentos);
+    nome = f.LNome.Caption;
+}
+
 class Robustez : public GeracaoDemo {
   protected:
     // A grouping of n items (distinct quantities, every product in stock),
@@ -58,22 +78,8 @@ class Robustez : public GeracaoDemo {
         Ajuste("DESCONTO CASCATA", "SIM");
         // A store document of type 2 blocks its items' stock; a purchase
         // order is supplier 101's.
-        int16_t empresa = 1, opcao = 0, ret = 0, zs = 0, tp = origem == "D" ? 2 : 0;
-        int32_t cod = 0, doc = 1;
-        std::string op = "TESTE", senha, o = origem, mens;
-        Valor dados = origem == "C" ? Valor(Valor::Lista{1102, 101}) : VendaSP;
-        componente->ZProcessa(empresa, op, senha, opcao, cod, o, doc, tp, ret, zs, mens, &dados);
-        {
-            TolvanF01 f;
-            f.Carrega();
-            f.cboPesquisa.Seleciona(1);
-            f.txtPesquisa.Digita("CARGA");
-            f.bttPesquisa_Click();
-            f.sbMarcarTodosDaTela();
-            Copia(f.GCon1, itens);
-            Copia(f.MSFGAgrupamento, agrupamentos);
-            nome = f.LNome.Caption;
-        }
+        Carrega(*componente, origem, origem == "D" ? 2 : 0,
+                origem == "C" ? Valor(Valor::Lista{1102, 101}) : VendaSP, "CARGA", itens, agrupamentos, nome);
         ASSERT_EQ(itens.Rows(), n + 1);
         componente.reset();
     }
@@ -341,22 +347,7 @@ class BloqueioConcorrente : public GeracaoDemo {
                    "QtdUnd, Valor, STTR, Tipo) VALUES (1, 'BLOQ', 'Bloqueio', 1, '1001', 'x', '7891234100100', 1, "
                    "'UN', 1, 1, 0, 1), (1, 'BLOQ', 'Bloqueio', 2, '1002', 'y', '7891234100200', 2, 'UN', 1, 1, 0, "
                    "1)");
-        int16_t empresa = 1, opcao = 0, ret = 0, zs = 0, tp = 2;
-        int32_t cod = 0, doc = 1;
-        std::string op = "TESTE", senha, origem = "D", mens;
-        Valor dados = Valor::Lista{5102, "1", 0, "SP", "SP", "SP", "SP"};
-        componente->ZProcessa(empresa, op, senha, opcao, cod, origem, doc, tp, ret, zs, mens, &dados);
-        {
-            TolvanF01 f;
-            f.Carrega();
-            f.cboPesquisa.Seleciona(1);
-            f.txtPesquisa.Digita("BLOQ");
-            f.bttPesquisa_Click();
-            f.sbMarcarTodosDaTela();
-            Copia(f.GCon1, itens);
-            Copia(f.MSFGAgrupamento, agrupamentos);
-            nome = f.LNome.Caption;
-        }
+        Carrega(*componente, "D", 2, VendaSP, "BLOQ", itens, agrupamentos, nome);
         ASSERT_EQ(itens.Rows(), 3);
         componente.reset();
     }
