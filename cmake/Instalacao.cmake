@@ -7,6 +7,9 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS ztolvan EXPORT ztolvanTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT biblioteca NAMELINK_COMPONENT desenvolvimento)
+if(TARGET ztolvan_telas)
+  install(TARGETS ztolvan_telas LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT telas NAMELINK_SKIP)
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ztolvan DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   COMPONENT desenvolvimento)
 install(TARGETS ztolvan_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT linha_de_comando)

@@ -16,7 +16,9 @@
         }                                                               \
     } while (0)
 
-int main(void) {
+/* With "sem-telas": the screens module is not installed and no display is
+ * set; zopcao 1 must come back with Zstatusret 1, never a crash. */
+int main(int argc, char** argv) {
     void* lib = dlopen("libztolvan.so.1", RTLD_NOW | RTLD_LOCAL);
     CONFERE(lib != NULL);
     zt_consultalista* (*cria)(void) = (zt_consultalista * (*)(void)) dlsym(lib, "zt_cria");
@@ -29,6 +31,20 @@ int main(void) {
 
     zt_consultalista* c = cria();
     CONFERE(c != NULL);
+    if (argc > 1 && strcmp(argv[1], "sem-telas") == 0) {
+        int16_t empresa = 1, opcao = 1, tpmov = 0, statusret = -1, zstatus = -1;
+        int32_t codigo = 0, numdoc = 1;
+        char mens[256] = "x";
+        zt_valor dados[7] = {{ZT_INTEIRO, 5102, 0, NULL}, {ZT_TEXTO, 0, 0, "1"},  {ZT_INTEIRO, 0, 0, NULL},
+                             {ZT_TEXTO, 0, 0, "SP"},      {ZT_TEXTO, 0, 0, "SP"}, {ZT_TEXTO, 0, 0, "SP"},
+                             {ZT_TEXTO, 0, 0, "SP"}};
+        CONFERE(processa(c, &empresa, "DEMO", "", &opcao, &codigo, "V", &numdoc, &tpmov, &statusret, &zstatus,
+                         mens, sizeof mens, dados, 7, NULL, 0, NULL, NULL, NULL, NULL) == 0);
+        CONFERE(statusret == 1);
+        destroi(c);
+        puts("host C sem o módulo de telas: ok");
+        return 0;
+    }
     zt_valor dados[7] = {{ZT_INTEIRO, 5102, 0, NULL}, {ZT_TEXTO, 0, 0, "1"},  {ZT_INTEIRO, 0, 0, NULL},
                          {ZT_TEXTO, 0, 0, "SP"},      {ZT_TEXTO, 0, 0, "SP"}, {ZT_TEXTO, 0, 0, "SP"},
                          {ZT_TEXTO, 0, 0, "SP"}};
