@@ -335,7 +335,8 @@ int Cota(const Conexao& c, const ArgumentosCotacao& a) {
     PortasAtuais().telas = janelas;
     const std::shared_ptr<PortaImpressora> impressora = NovaImpressoraPdf(a.pdf);
     if (!impressora) {
-        std::fprintf(stderr, "ztolvan cotacao: this build has no PDF printer (built without Qt)\n");
+        std::fprintf(stderr, "ztolvan cotacao: no PDF printer here (the screens module, libztolvan-telas, "
+                             "is not installed or Qt cannot start)\n");
         return SaidaInterna;
     }
     c.Fixa();

@@ -1,0 +1,38 @@
+# Debian packages through CPack, split as Debian splits a library: the core
+# (libztolvan1), the Qt screens module (libztolvan-telas1), the development
+# files (libztolvan-dev) and the command line (ztolvan). Depends come from
+# the shared libraries each package's files actually link (dpkg-shlibdeps),
+# plus the core at this very version.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ztolvan)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_VENDOR "ztolvan")
+set(CPACK_PACKAGE_CONTACT "ztolvan <ztolvan@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "product groupings for the documents of the Veltra suite")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL biblioteca desenvolvimento linha_de_comando)
+if(TARGET ztolvan_telas)
+  list(APPEND CPACK_COMPONENTS_ALL telas)
+endif()
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/src/componente)
+set(CPACK_DEBIAN_PACKAGE_SECTION libs)
+
+set(nucleo "libztolvan1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_NAME libztolvan1)
+set(CPACK_COMPONENT_BIBLIOTECA_DESCRIPTION "ztolvan core library\n The component a host program of the suite loads: groupings, generation of document items, prices and taxes, quotation layout. No Qt.")
+set(CPACK_DEBIAN_TELAS_PACKAGE_NAME libztolvan-telas1)
+set(CPACK_DEBIAN_TELAS_PACKAGE_DEPENDS "${nucleo}")
+set(CPACK_COMPONENT_TELAS_DESCRIPTION "ztolvan Qt screens module\n The windows and the PDF printer, loaded by the core library when a call needs them.")
+set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_NAME libztolvan-dev)
+set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_DEPENDS "${nucleo}")
+set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_SECTION libdevel)
+set(CPACK_COMPONENT_DESENVOLVIMENTO_DESCRIPTION "ztolvan development files\n Headers, CMake package and pkg-config file.")
+set(CPACK_DEBIAN_LINHA_DE_COMANDO_PACKAGE_NAME ztolvan)
+set(CPACK_DEBIAN_LINHA_DE_COMANDO_PACKAGE_DEPENDS "${nucleo}")
+set(CPACK_DEBIAN_LINHA_DE_COMANDO_PACKAGE_RECOMMENDS "libztolvan-telas1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_LINHA_DE_COMANDO_PACKAGE_SECTION utils)
+set(CPACK_COMPONENT_LINHA_DE_COMANDO_DESCRIPTION "ztolvan command line\n Schema, demo data, ZProcessa, generation, quotation and stock count from a terminal.")
+include(CPack)
