@@ -156,10 +156,29 @@ std::string Formata(const Valor& v, std::string_view padrao) {
 }
 
 std::string FormataMoeda(double v) {
+    // "#,##0.00" built straight into one string, with no pattern to parse:
+    // an item grid formats two values a row.
+    if (!std::isfinite(v)) throw ErroExecucao::Estouro();
     const Regiao& r = RegiaoAtual();
-    std::string n = Formata(std::fabs(v), "#,##0.00");
-    std::string s = r.moeda.empty() ? n : r.moeda + " " + n;
-    return v < 0 && std::round(std::fabs(v) * 100.0) != 0.0 ? "-" + s : s;
+    const std::string d = Digitos(v, 2);
+    const size_t fimInteiro = d.size() - 2;
+    size_t ini = d.find_first_not_of('0');
+    if (ini == std::string::npos || ini >= fimInteiro) ini = fimInteiro - 1; // at least one digit: "0"
+    std::string s;
+    s.reserve(r.moeda.size() + 2 + (fimInteiro - ini) * 2 + r.decimal.size() + 2);
+    if (v < 0 && std::round(std::fabs(v) * 100.0) != 0.0) s += '-';
+    if (!r.moeda.empty()) {
+        s += r.moeda;
+        s += ' ';
+    }
+    for (size_t i = ini; i < fimInteiro; ++i) {
+        s += d[i];
+        const size_t resto = fimInteiro - 1 - i;
+        if (resto > 0 && resto % 3 == 0) s += r.milhar;
+    }
+    s += r.decimal;
+    s.append(d, fimInteiro, 2);
+    return s;
 }
 
 } // namespace ztolvan

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "common/erro.h"
 #include "common/formato.h"
 #include "common/moeda.h"
@@ -34,6 +36,14 @@ TEST_F(Formatos, NumerosNosPadroesDoSistema) {
     for (auto [numero, formato, esperado] : casos)
         EXPECT_EQ(Formata(numero, formato), esperado) << numero << " " << formato;
     EXPECT_EQ(FormataMoeda(-1234.5), "-R$ 1.234,50");
+    // The currency text is "#,##0.00" after the symbol, whatever the value:
+    // roundings up across a thousand, halves, a negative that rounds to zero.
+    for (double v : {0.0, 0.004, -0.004, 0.005, 0.995, 999.995, 999999.999, 1e12, -1e12, 123.455, 2.675, -7.1}) {
+        const std::string numero = Formata(std::fabs(v), "#,##0.00");
+        const bool negativo = v < 0 && Formata(std::fabs(v), "0.00") != "0,00";
+        EXPECT_EQ(FormataMoeda(v), (negativo ? "-R$ " : "R$ ") + numero) << v;
+    }
+    EXPECT_EQ(FormataMoeda(999.995), "R$ 1.000,00");
 }
 
 TEST_F(Formatos, TextoComArrobasAlinhaADireitaEmCaracteres) {
