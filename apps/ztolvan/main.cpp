@@ -4,6 +4,7 @@
 // same screen model.
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -260,18 +261,52 @@ struct ArgumentosCotacao {
     std::optional<int> tipoPreco;
 };
 
-// ZProcessa without a screen and without a document: the context of a
-// company, an operator and the price type that a subcommand then works in
-// on the consultation screen's model.
-void ProcessaSemTela(consultalista& componente, int empresaPedida, const std::string& operadorPedido,
-                     std::optional<int> tipoPreco) {
-    int16_t empresa = static_cast<int16_t>(empresaPedida), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
+// A subcommand that works on the consultation screen's model without a
+// display: ZProcessa fills the context of a company, an operator and the
+// price type (no screen, no document), the screen finds the grouping by code
+// and marks 'itens', then 'acao' works on it (0, or an exit code with the
+// reason in 'erro'). The exit code, the reason printed under 'nome'.
+struct PedidoNaConsulta {
+    const char* nome;
+    int empresa;
+    std::string operador, agrupamento, itens;
+    std::optional<int> tipoPreco;
+};
+
+int NaConsulta(const Conexao& c, const PedidoNaConsulta& p,
+               const std::function<int(TolvanF01&, std::string& erro)>& acao) {
+    auto janelas = std::make_shared<JanelasModelo>();
+    PortasAtuais().mensagens = MensagensDoTerminal(true);
+    PortasAtuais().telas = janelas;
+    c.Fixa();
+    consultalista componente;
+    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
+    int16_t empresa = static_cast<int16_t>(p.empresa), opcao = 0, tpmov = 0, statusret = 0, zstatus = 0;
     int32_t codigo = 0, numdoc = 0;
-    std::string operador = operadorPedido, senha, origem, mens;
-    int16_t tipo = static_cast<int16_t>(tipoPreco.value_or(0));
+    std::string operador = p.operador, senha, origem, mens;
+    int16_t tipo = static_cast<int16_t>(p.tipoPreco.value_or(0));
     bool inativos = false, captura = false;
     componente.ZProcessa(empresa, operador, senha, opcao, codigo, origem, numdoc, tpmov, statusret, zstatus, mens,
-                         nullptr, tipoPreco ? &tipo : nullptr, &inativos, &captura);
+                         nullptr, p.tipoPreco ? &tipo : nullptr, &inativos, &captura);
+
+    int saida = SaidaOk;
+    std::string erro;
+    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
+        auto& f = static_cast<TolvanF01&>(t);
+        if (BuscaAgrupamento(f, p.agrupamento) == 0) {
+            erro = "agrupamento '" + p.agrupamento + "' não encontrado ou sem itens";
+            saida = SaidaNadaGerado;
+        } else if (!AplicaMarcas(f, p.itens, erro)) {
+            saida = SaidaLinhaInvalida;
+        } else {
+            saida = acao(f, erro);
+        }
+        f.Unload();
+    });
+    TolvanF01 tela;
+    MostraModal(tela);
+    if (saida != SaidaOk) std::fprintf(stderr, "ztolvan %s: %s\n", p.nome, erro.c_str());
+    return saida;
 }
 
 struct ArgumentosDisponibilidade {
@@ -281,41 +316,17 @@ struct ArgumentosDisponibilidade {
     bool json = false;
 };
 
-// The stock count without a display: ZProcessa fills the context (price
-// type), the consultation screen's model finds the grouping and marks what
-// is asked; the count is the one the screen shows.
+// The stock count, the one the screen shows for the rows asked.
 int Disponibilidade(const Conexao& c, const ArgumentosDisponibilidade& a) {
-    auto mensagens = MensagensDoTerminal(true);
-    auto janelas = std::make_shared<JanelasModelo>();
-    PortasAtuais().mensagens = mensagens;
-    PortasAtuais().telas = janelas;
-    c.Fixa();
-    consultalista componente;
-    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
-    ProcessaSemTela(componente, a.empresa, a.operador, a.tipoPreco);
-
-    int saida = SaidaOk;
-    std::string erro, texto;
-    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
-        auto& f = static_cast<TolvanF01&>(t);
-        if (BuscaAgrupamento(f, a.agrupamento) == 0) {
-            erro = "agrupamento '" + a.agrupamento + "' não encontrado ou sem itens";
-            saida = SaidaNadaGerado;
-        } else if (!AplicaMarcas(f, a.itens, erro)) {
-            saida = SaidaLinhaInvalida;
-        } else {
-            texto = a.json ? ComoJson(f.Disponibilidade()) : ComoTexto(f.Disponibilidade());
-        }
-        f.Unload();
-    });
-    TolvanF01 tela;
-    MostraModal(tela);
-    if (saida != SaidaOk) {
-        std::fprintf(stderr, "ztolvan disponibilidade: %s\n", erro.c_str());
-        return saida;
-    }
-    std::fputs(texto.c_str(), stdout);
-    return SaidaOk;
+    std::string texto;
+    const int saida = NaConsulta(c, {"disponibilidade", a.empresa, a.operador, a.agrupamento, a.itens, a.tipoPreco},
+                                 [&](TolvanF01& f, std::string&) {
+                                     texto = a.json ? ComoJson(f.Disponibilidade())
+                                                    : ComoTexto(f.Disponibilidade());
+                                     return SaidaOk;
+                                 });
+    if (saida == SaidaOk) std::fputs(texto.c_str(), stdout);
+    return saida;
 }
 
 int MarcadasNaGrade(const Grade& g) {
@@ -325,52 +336,41 @@ int MarcadasNaGrade(const Grade& g) {
     return n;
 }
 
-// The quotation without a display: ZProcessa fills the context, the
-// consultation screen's model finds the grouping and marks its items, and the
-// layout behind the screen's print command writes the PDF.
+// The quotation: the layout behind the screen's print command writes the
+// marked items into the PDF.
 int Cota(const Conexao& c, const ArgumentosCotacao& a) {
-    auto mensagens = MensagensDoTerminal(true);
-    auto janelas = std::make_shared<JanelasModelo>();
-    PortasAtuais().mensagens = mensagens;
-    PortasAtuais().telas = janelas;
     const std::shared_ptr<PortaImpressora> impressora = NovaImpressoraPdf(a.pdf);
     if (!impressora) {
         std::fprintf(stderr, "ztolvan cotacao: no PDF printer here (the screens module, libztolvan-telas, "
                              "is not installed or Qt cannot start)\n");
         return SaidaInterna;
     }
-    c.Fixa();
-    consultalista componente;
-    if (ComunicaAtual().Status != status::Ok) return SaidaBanco;
-    ProcessaSemTela(componente, a.empresa, a.operador, a.tipoPreco);
-
-    int saida = SaidaOk, marcadas = 0;
-    std::string erro;
-    janelas->AoMostrar("TolvanF01", [&](Tela& t) {
-        auto& f = static_cast<TolvanF01&>(t);
-        if (BuscaAgrupamento(f, a.agrupamento) == 0) {
-            erro = "agrupamento '" + a.agrupamento + "' não encontrado ou sem itens";
-            saida = SaidaNadaGerado;
-        } else if (!AplicaMarcas(f, a.itens, erro)) {
-            saida = SaidaLinhaInvalida;
-        } else if ((marcadas = MarcadasNaGrade(f.GCon1)) == 0) {
-            erro = "nenhum item marcado";
-            saida = SaidaNadaGerado;
-        } else if (!ImprimeCotacao(*impressora, f, a.titulo, a.rodape)) {
-            erro = "a cotação não foi impressa";
-            saida = SaidaNaoImpresso;
-        }
-        f.Unload();
-    });
-    TolvanF01 tela;
-    MostraModal(tela);
-    if (saida != SaidaOk) {
-        std::fprintf(stderr, "ztolvan cotacao: %s\n", erro.c_str());
-        return saida;
-    }
+    int marcadas = 0;
+    const int saida = NaConsulta(c, {"cotacao", a.empresa, a.operador, a.agrupamento, a.itens, a.tipoPreco},
+                                 [&](TolvanF01& f, std::string& erro) {
+                                     if ((marcadas = MarcadasNaGrade(f.GCon1)) == 0) {
+                                         erro = "nenhum item marcado";
+                                         return SaidaNadaGerado;
+                                     }
+                                     if (!ImprimeCotacao(*impressora, f, a.titulo, a.rodape)) {
+                                         erro = "a cotação não foi impressa";
+                                         return SaidaNaoImpresso;
+                                     }
+                                     return SaidaOk;
+                                 });
+    if (saida != SaidaOk) return saida;
     std::printf("Cotação de %s com %d itens enviada para %s.\n", a.agrupamento.c_str(), marcadas,
                 impressora->Destino().c_str());
     return SaidaOk;
+}
+
+// The options every subcommand on a grouping takes.
+void OpcoesDoAgrupamento(CLI::App* sub, int& empresa, std::string& operador, std::string& agrupamento,
+                         std::optional<int>& tipoPreco) {
+    sub->add_option("--empresa", empresa, "zEmpresa")->required();
+    sub->add_option("--operador", operador, "zoperador")->required();
+    sub->add_option("--agrupamento", agrupamento, "grouping code, searched as the operator does")->required();
+    sub->add_option("--tipo-preco", tipoPreco, "ztipodepreco (omitted when not given)");
 }
 
 } // namespace
@@ -445,14 +445,10 @@ int main(int argc, char** argv) {
     Conexao conexaoCota;
     auto* cota = app.add_subcommand("cotacao", "print a grouping's quotation into a PDF file");
     conexaoCota.Opcoes(cota);
-    cota->add_option("--empresa", q.empresa, "zEmpresa")->required();
-    cota->add_option("--operador", q.operador, "zoperador")->required();
-    cota->add_option("--agrupamento", q.agrupamento, "grouping code, searched as the operator does")
-        ->required();
+    OpcoesDoAgrupamento(cota, q.empresa, q.operador, q.agrupamento, q.tipoPreco);
     cota->add_option("--itens", q.itens, "todos or data rows 1,3,5")->capture_default_str();
     cota->add_option("--titulo", q.titulo, "the report's title");
     cota->add_option("--rodape", q.rodape, "the footer message");
-    cota->add_option("--tipo-preco", q.tipoPreco, "ztipodepreco (omitted when not given)");
     cota->add_option("--pdf", q.pdf, "the PDF file written")->required();
 
     ArgumentosDisponibilidade dsp;
@@ -460,12 +456,8 @@ int main(int argc, char** argv) {
     auto* disp =
         app.add_subcommand("disponibilidade", "how many whole groupings the free stock supplies, item by item");
     conexaoDisp.Opcoes(disp);
-    disp->add_option("--empresa", dsp.empresa, "zEmpresa")->required();
-    disp->add_option("--operador", dsp.operador, "zoperador")->required();
-    disp->add_option("--agrupamento", dsp.agrupamento, "grouping code, searched as the operator does")
-        ->required();
+    OpcoesDoAgrupamento(disp, dsp.empresa, dsp.operador, dsp.agrupamento, dsp.tipoPreco);
     disp->add_option("--itens", dsp.itens, "data rows 1,3,5 counted (default: all)");
-    disp->add_option("--tipo-preco", dsp.tipoPreco, "ztipodepreco (omitted when not given)");
     disp->add_flag("--json", dsp.json, "print as JSON");
 
     CLI11_PARSE(app, argc, argv);
