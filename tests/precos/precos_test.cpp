@@ -176,47 +176,41 @@ TEST_F(Aritmetica, BaseDeSubstituicaoPorRegraDoFornecedor) {
 }
 
 TEST_F(Aritmetica, BaseDeSubstituicaoArredondaOndeOSistemaArredonda) {
-    // Discount step in fixed point: 1.0001 x 50 / 100 = 0.50005 -> 0.5000 (tie to even);
-    // freight 100% of it, so the base is 1 x (0 + 0.5) x 1.
-    A_MTBPECIT_t it;
-    it.PrecoTab = 1.0001;
-    it.Desc1 = 50;
-    it.Frete = 100;
-    it.SitTrib = "3";
-    it.QtdRec = 1;
-    EXPECT_DOUBLE_EQ(BaseIcmsSub(it, std::nullopt, 1), 0.5);
-    // A rounded step: 0.05 x 0.5 / 100 = 0.00025 -> 0.0003 (halves away from zero).
-    it = A_MTBPECIT_t{};
-    it.PrecoTab = 0.05;
-    it.Frete = 0.5;
-    it.SitTrib = "3";
-    it.ValRec = 1;
-    it.QtdRec = 1;
-    EXPECT_DOUBLE_EQ(BaseIcmsSub(it, std::nullopt, 1), 1.0003);
-    // Without PrecoTab the cost starts from ValUnit: 50 x 10% freight = 5.
-    it = A_MTBPECIT_t{};
-    it.ValUnit = 50;
-    it.Frete = 10;
-    it.SitTrib = "3";
-    it.ValRec = 50;
-    it.QtdRec = 2;
-    EXPECT_DOUBLE_EQ(BaseIcmsSub(it, std::nullopt, 1), 110);
-    // A rate with five decimals takes part whole: freight = 10000 x 1.23456 /
-    // 100 = 123.456 (not 123.46 from a rate cut to 1.2346); m = 2.5.
-    it = A_MTBPECIT_t{};
-    it.PrecoTab = 10000;
-    it.Frete = 1.23456;
-    it.SitTrib = "3";
-    it.PercICMSS = 150;
-    it.ValRec = 10000;
-    it.QtdRec = 1;
-    EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), 25308.64, 1e-9);
-    // The same for a discount: 10000 x (100 - 12.34567) = 876543.3 -> / 100.
-    it.Frete = 0;
-    it.Desc1 = 12.34567;
-    it.Emb = 10;
-    it.PercIPI = 10; // ipi = (8765.433 + 876.5433) x 10% = 964.19763 -> 964.1976
-    EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), 2.5 * (10000 + 964.1976), 1e-9);
+    // Every item of substitution ("3"); the fields each case sets.
+    struct Caso {
+        const char* nome;
+        double precoTab, valUnit, desc1, frete, emb, percIPI, percICMSS, valRec, qtdRec;
+        double esperado;
+    } casos[] = {
+        // 1.0001 x 50 = 50.005 -> / 100 = 0.50005 -> 0.5000 (tie to even);
+        // freight 100% of it: 1 x (0 + 0.5) x 1.
+        {"a discount step in fixed point", 1.0001, 0, 50, 100, 0, 0, 0, 0, 1, 0.5},
+        // 0.05 x 0.5 / 100 = 0.00025 -> 0.0003 (halves away from zero).
+        {"a rounded step", 0.05, 0, 0, 0.5, 0, 0, 0, 1, 1, 1.0003},
+        {"the cost from ValUnit without PrecoTab: 50 x 10% = 5", 0, 50, 0, 10, 0, 0, 0, 50, 2, 110},
+        // freight = 10000 x 1.23456 / 100 = 123.456, not 123.46 from a rate
+        // cut to 1.2346; m = 2.5.
+        {"a rate with five decimals takes part whole", 10000, 0, 0, 1.23456, 0, 0, 150, 10000, 1, 25308.64},
+        // 10000 x (100 - 12.34567) / 100 = 8765.433; ipi = (8765.433 +
+        // 876.5433) x 10% = 964.19763 -> 964.1976.
+        {"a discount with five decimals, packing and IPI", 10000, 0, 12.34567, 0, 10, 10, 150, 10000, 1,
+         2.5 * (10000 + 964.1976)},
+    };
+    for (const Caso& c : casos) {
+        SCOPED_TRACE(c.nome);
+        A_MTBPECIT_t it;
+        it.SitTrib = "3";
+        it.PrecoTab = c.precoTab;
+        it.ValUnit = c.valUnit;
+        it.Desc1 = c.desc1;
+        it.Frete = c.frete;
+        it.Emb = c.emb;
+        it.PercIPI = c.percIPI;
+        it.PercICMSS = c.percICMSS;
+        it.ValRec = c.valRec;
+        it.QtdRec = c.qtdRec;
+        EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), c.esperado, 1e-9);
+    }
 }
 
 // Classification against real rate tables.
