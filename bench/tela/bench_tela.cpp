@@ -147,8 +147,8 @@ void Mede(const std::string& banco, const std::function<int(const std::string&)>
     s.OrigemDocumento = true;
     s.TipoPreco = "1";
 
-    // Start-up lists the groupings twice, as the screen does: once when
-    // the search kind is set to "Selecione..." and once more itself.
+    // Start-up lists the groupings once, when the search kind is set to
+    // "Selecione...".
     TolvanF01 tela;
     const double inicio = Ms([&] {
         tela.Carrega();
@@ -156,7 +156,7 @@ void Mede(const std::string& banco, const std::function<int(const std::string&)>
         tela.Unload();
     });
     const double pisoInicio = Ms([&] {
-        if (passo(Listagem) + passo(Listagem) == 0) throw std::runtime_error("sem linhas");
+        if (passo(Listagem) == 0) throw std::runtime_error("sem linhas");
     });
     Linha(("tela-inicio-" + banco).c_str(), inicio, pisoInicio);
 

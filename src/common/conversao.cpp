@@ -107,6 +107,12 @@ std::string EscreveNumero(double v, int digitos) {
     return std::string(buf, r.ptr);
 }
 
+std::string_view TextoDe(const Valor& v, std::string& apoio) {
+    if (v.eTexto()) return v.texto();
+    apoio = CStr(v);
+    return apoio;
+}
+
 double Val(std::string_view s) {
     std::string limpo;
     limpo.reserve(s.size());
@@ -311,16 +317,18 @@ std::string CStr(const Valor& v) {
     case Valor::Tipo::Texto:
         return v.texto();
     case Valor::Tipo::Duplo: {
-        std::string s = EscreveNumero(v.duplo(), 15);
-        for (char& c : s)
-            if (c == 'e') c = 'E';
+        char buf[64];
+        const char* fim = std::to_chars(buf, buf + sizeof buf, v.duplo(), std::chars_format::general, 15).ptr;
         // "1.5E+20" style, and the regional decimal separator.
-        size_t e = s.find('E');
-        std::string mantissa = e == std::string::npos ? s : s.substr(0, e);
-        std::string expoente = e == std::string::npos ? "" : s.substr(e);
-        size_t p = mantissa.find('.');
-        if (p != std::string::npos) mantissa.replace(p, 1, RegiaoAtual().decimal);
-        return mantissa + expoente;
+        std::string r;
+        r.reserve(static_cast<size_t>(fim - buf) + 2);
+        for (const char* c = buf; c != fim; ++c) {
+            if (*c == '.')
+                r += RegiaoAtual().decimal;
+            else
+                r += *c == 'e' ? 'E' : *c;
+        }
+        return r;
     }
     case Valor::Tipo::Lista:
         break;

@@ -53,6 +53,9 @@ bool CBool(const Valor& v);
 // Text of a value: numbers with up to 15 significant digits and the regional
 // decimal separator; Empty is "".
 std::string CStr(const Valor& v);
+// The same as a view: a text value's own characters, any other written
+// into 'apoio' (which the view then points into).
+std::string_view TextoDe(const Valor& v, std::string& apoio);
 // Decimal text of an integer ("Str$" without the leading blank).
 std::string TextoDecimal(int64_t v);
 

@@ -40,18 +40,26 @@ size_t Largura(std::string_view s) {
     return n;
 }
 
-std::string TextoFixo(std::string_view s, size_t n) {
+void TextoFixoEm(std::string& destino, std::string_view s, size_t n) {
     size_t pos = 0, k = 0;
     while (k < n && pos < s.size()) {
         pos = Avanca(s, pos);
         ++k;
     }
-    std::string r(s.substr(0, pos));
-    r.append(n - k, ' ');
+    destino.reserve(pos + n - k);
+    destino.assign(s.substr(0, pos));
+    destino.append(n - k, ' ');
+}
+
+std::string TextoFixo(std::string_view s, size_t n) {
+    std::string r;
+    TextoFixoEm(r, s, n);
     return r;
 }
 
-std::string Esquerda(std::string_view s, size_t n) { return std::string(s.substr(0, Offset(s, n))); }
+std::string_view EsquerdaVista(std::string_view s, size_t n) { return s.substr(0, Offset(s, n)); }
+
+std::string Esquerda(std::string_view s, size_t n) { return std::string(EsquerdaVista(s, n)); }
 
 std::string Direita(std::string_view s, size_t n) {
     size_t total = Largura(s);
@@ -81,12 +89,14 @@ std::string AparaEsquerda(std::string_view s) {
     return b == std::string_view::npos ? std::string() : std::string(s.substr(b));
 }
 
-std::string Apara(std::string_view s) {
+std::string_view AparaVista(std::string_view s) {
     size_t b = s.find_first_not_of(' ');
     if (b == std::string_view::npos) return {};
     size_t e = s.find_last_not_of(' ');
-    return std::string(s.substr(b, e - b + 1));
+    return s.substr(b, e - b + 1);
 }
+
+std::string Apara(std::string_view s) { return std::string(AparaVista(s)); }
 
 std::string Maiusculas(std::string_view s) {
     std::string r;

@@ -11,6 +11,8 @@ namespace ztolvan {
 size_t Largura(std::string_view s);
 // Fixed-width assignment: cut to n characters or padded with blanks on the right.
 std::string TextoFixo(std::string_view s, size_t n);
+// The same into a text whose buffer is kept, for walks over many rows.
+void TextoFixoEm(std::string& destino, std::string_view s, size_t n);
 std::string Esquerda(std::string_view s, size_t n);
 std::string Direita(std::string_view s, size_t n);
 // Characters from position inicio (1-based) on, at most n of them.
@@ -20,6 +22,9 @@ std::string Meio(std::string_view s, size_t inicio, size_t n = std::string::npos
 std::string Apara(std::string_view s);
 std::string AparaDireita(std::string_view s);
 std::string AparaEsquerda(std::string_view s);
+// Views of the same cuts, for a row's cell built from several of them in one text.
+std::string_view AparaVista(std::string_view s);
+std::string_view EsquerdaVista(std::string_view s, size_t n);
 
 // Upper case, including the accented letters of Portuguese.
 std::string Maiusculas(std::string_view s);

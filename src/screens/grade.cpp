@@ -102,10 +102,13 @@ void Grade::AddItem(std::string_view linha) {
     MudouEstrutura();
 }
 
-void Grade::AddItem(std::vector<std::string>&& celulas) {
-    celulas.resize(static_cast<size_t>(colunas_));
-    for (auto& c : celulas)
-        celulas_.push_back(std::move(c));
+void Grade::AddItem(std::span<std::string> celulas) {
+    const size_t n = static_cast<size_t>(colunas_);
+    for (size_t c = 0; c < n; ++c)
+        if (c < celulas.size())
+            celulas_.push_back(std::move(celulas[c]));
+        else
+            celulas_.emplace_back();
     ++linhas_;
     MudouEstrutura();
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,8 +66,8 @@ class Grade : public Controle {
     // Adds a row at the end from one text whose cells are separated by tabs;
     // cells beyond the column count are dropped.
     void AddItem(std::string_view linha);
-    // The same with the cells already apart, moved in as they are.
-    void AddItem(std::vector<std::string>&& celulas);
+    // The same with the cells already apart, each moved in as it is.
+    void AddItem(std::span<std::string> celulas);
     // Room for this many rows, so a long load does not move the cells again.
     void Reserva(int linhas) { celulas_.reserve(static_cast<size_t>(linhas) * colunas_); }
     // Empties every cell (rows and columns stay).

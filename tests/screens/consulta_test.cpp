@@ -174,9 +174,13 @@ TEST_P(Consulta, InicioPorModoListaOsAgrupamentosComOsComandosDoModo) {
         EXPECT_EQ(f.GCon1.TextMatrix(0, 1), "Descrição");
     });
     std::vector<std::string> preparados;
-    for (const auto& c : gravador->chamadas)
+    int aberturas = 0;
+    for (const auto& c : gravador->chamadas) {
         if (c.Transacao == "PREPARE") preparados.push_back(c.Texto);
-    ASSERT_EQ(preparados.size(), 1u) << "start-up lists twice on one prepared statement";
+        aberturas += c.Transacao == "OPEN";
+    }
+    ASSERT_EQ(preparados.size(), 1u);
+    EXPECT_EQ(aberturas, 1) << "start-up lists the groupings once";
     EXPECT_EQ(preparados.back(),
               "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome  From TBMATAG T1  "
               "Where T1.Empresa = 1 and T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, "

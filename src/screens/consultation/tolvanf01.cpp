@@ -251,6 +251,7 @@ void TolvanF01::Form_Load() {
         linha = 80;
         DefineMensagem("Tecle <ESC> para Sair");
         linha = 90;
+        listouNaCarga_ = false;
         sbPreencheCombo();
         linha = 100;
         MontaRodape();
@@ -259,7 +260,9 @@ void TolvanF01::Form_Load() {
         linha = 120;
         if (s.Origem == "F") mnuImprimirLista.Enabled = false;
         linha = 130;
-        fPesquisar3(resultado_);
+        // Setting the search kind has just listed every grouping; a second
+        // identical listing would only read them all again.
+        if (!listouNaCarga_) fPesquisar3(resultado_);
         if (resultado_.substr(0, 2) != "00") MostraMensagem(resultado_, msg::Informacao, "AVISO");
         linha = 140;
         bttPesquisa.Enabled = cboPesquisa.Text() != Selecione;
@@ -509,22 +512,22 @@ void TolvanF01::ListaAgrupamentos(Listagem tipo, std::string& resultado, const c
         if (k.Status != status::Ok && k.Status != status::SemLinha)
             resultado = "99/Erro não Prévisto, " + k.Msg;
         linha = 60;
-        std::string anterior;
+        // One row per grouping: the statement gives one per item, so only a
+        // row whose code differs from the one before is read further.
+        std::string codigo, anterior, apoio;
         bool primeira = true;
         while (k.Status == status::Ok) {
-            const std::string codigo = TextoFixo(CStr(k.Retorno[0]), 20);
-            const int16_t sttr = CInt(k.Retorno[2]);
-            const std::string codItem = TextoFixo(CStr(k.Retorno[3]), 20);
-            const std::string nome = TextoFixo(CStr(k.Retorno[4]), 100);
-            if (primeira || codigo != anterior) {
-                if (tipo != Listagem::ComEquivalencia || Val(codItem) > 0) {
-                    MSFGAgrupamento.AddItem(codigo + "\t" + Esquerda(nome, 40) + "\t" +
-                                            (sttr != 0 ? "Inativo" : "Ativo"));
-                    nomes_.push_back(Apara(nome));
-                }
+            TextoFixoEm(codigo, TextoDe(k.Retorno[0], apoio), 20);
+            if ((primeira || codigo != anterior) &&
+                (tipo != Listagem::ComEquivalencia || Val(TextoFixo(TextoDe(k.Retorno[3], apoio), 20)) > 0)) {
+                const bool inativo = CInt(k.Retorno[2]) != 0;
+                const std::string_view nome = TextoDe(k.Retorno[4], apoio);
+                std::string celulas[] = {codigo, TextoFixo(nome, 40), inativo ? "Inativo" : "Ativo"};
+                MSFGAgrupamento.AddItem(celulas);
+                nomes_.emplace_back(AparaVista(EsquerdaVista(nome, 100)));
             }
             primeira = false;
-            anterior = codigo;
+            anterior.swap(codigo);
             k.Cursor = cursor;
             k.Transacao = "NEXT";
             ExecutaComunica();
@@ -654,6 +657,7 @@ void TolvanF01::cboPesquisa_Click() {
             linha = 20;
             GridCabecalho();
             fPesquisar2(resultado_);
+            listouNaCarga_ = resultado_.starts_with("00");
         }
         linha = 30;
         switch (cboPesquisa.ListIndex) {
@@ -796,21 +800,29 @@ void TolvanF01::sbPesquisaProdutos() {
                      cForn = rs.Indice("RAZFORNEC"), cQtd = rs.Indice("QTD"), cValor = rs.Indice("VALOR"),
                      cEmbal = rs.Indice("Embal"), cRef = rs.Indice("CODREF"), cEquiv = rs.Indice("CodEquiv"),
                      cItem = rs.Indice("CodItem"), cTipo = rs.Indice("Tipo");
+        std::string apoio;
+        const auto texto = [&](size_t c) { return TextoDe(rs.ValorNa(c), apoio); };
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
             const double qtd = CDbl(rs.ValorNa(cQtd));
             const double valor = CDbl(rs.ValorNa(cValor));
-            std::string codEquiv = TextoFixo(CStr(rs.ValorNa(cEquiv)), 20);
-            equivalencias.push_back(codEquiv);
             linha = 70;
             // mark, description, availability, supplier (40 of its 60), quantity, unit value, total,
-            // packaging, equivalence, product, reference, price type
-            GCon1.AddItem({marca, Apara(TextoFixo(Apara(CStr(rs.ValorNa(cDsc))), 100)),
-                           Situacao(DisponDe(rs.ValorNa(cDispon))),
-                           Esquerda(TextoFixo(CStr(rs.ValorNa(cForn)), 60), 40), CStr(Valor(qtd)),
-                           FormataMoeda(valor), FormataMoeda(valor * qtd),
-                           TextoFixo(CStr(rs.ValorNa(cEmbal)), 2), std::move(codEquiv),
-                           TextoFixo(CStr(rs.ValorNa(cItem)), 20), TextoFixo(CStr(rs.ValorNa(cRef)), 20),
-                           TextoDecimal(TipoDe(rs.ValorNa(cTipo)))});
+            // packaging, equivalence, product, reference, price type: each cell's text made once
+            // and moved into the grid.
+            std::string celulas[] = {marca,
+                                     std::string(AparaVista(EsquerdaVista(AparaVista(texto(cDsc)), 100))),
+                                     Situacao(DisponDe(rs.ValorNa(cDispon))),
+                                     TextoFixo(texto(cForn), 40),
+                                     CStr(Valor(qtd)),
+                                     FormataMoeda(valor),
+                                     FormataMoeda(valor * qtd),
+                                     TextoFixo(texto(cEmbal), 2),
+                                     TextoFixo(texto(cEquiv), 20),
+                                     TextoFixo(texto(cItem), 20),
+                                     TextoFixo(texto(cRef), 20),
+                                     TextoDecimal(TipoDe(rs.ValorNa(cTipo)))};
+            equivalencias.push_back(celulas[ColEquivalencia]);
+            GCon1.AddItem(celulas);
             linha = 60;
         }
         equivalencias.emplace_back();

@@ -138,6 +138,8 @@ class TolvanF01 : public Tela {
     // The full name of the grouping of each row of the grouping grid (row 0,
     // the header, has none): LNome names the one whose items are shown.
     std::vector<std::string> nomes_{std::string()};
+    // The search kind's setting listed every grouping during this load.
+    bool listouNaCarga_ = false;
     bool naoAchou_ = false;
     // The free stock of the loaded grouping's products, read with its items:
     // marks and quantity changes recount from it without a statement.
