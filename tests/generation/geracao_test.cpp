@@ -61,33 +61,17 @@ TEST_P(Geracao, VendaGravaCadaCampoDoItemEODescontoEmCascata) {
     db->Direto("UPDATE TBPEV SET NatOper = 1 WHERE Empresa = 1 AND NumPed = 1");
     EXPECT_EQ(Gera("V", VendaRJ, "000101", 2, Linhas({"1001", "1002"})), 0);
 
-    A_MTBPEVIT_t e, l;
-    e.Empresa = 1;
-    e.NumPed = 1;
-    e.Item = 10;
-    e.CodMat = Arroz;
-    e.CodMat2 = "1001";
-    e.DscMat = "000101 / Cesta Arroz agulhinha tipo 1 5kg";
-    e.UndMat = "PC";
-    e.ValUnit = 24.9; // the grid's "R$ 24,90"
-    e.QtdMat = 2;
-    e.ClFisIPI = "10063021";
-    e.PercIPI = 10;
-    // Substitution charged (datum 2 = -1), final consumer in RJ: code 1 and
-    // code 4 both have 20.5 there.
-    e.PercICMS = 20.5;
-    e.SitTrib = "3";
-    e.SitItem = "0";
-    e.ComissVnd = 2.5; // seller 1
-    e.ComissRep = 4;   // representative 10
-    e.PercICMSS = 20.5;
-    e.GrpMat = "MERCEARIA";
-    e.ValTotal = 49.8;
-    e.NatOper = 5102; // order in SP, company in SP, product 102
-    e.ValItem = 24.9;
-    e.CodSitTrib = "07";
-    e.CCusto = "CC-ARROZ";
-    e.PrecoVenda = 1;
+    // Substitution charged (datum 2 = -1), final consumer in RJ: codes 1 and 4
+    // both have 20.5 there; seller 1 earns 2.5, representative 10 earns 4;
+    // order in SP, company in SP, product 102: 5102.
+    const auto e = Registro<A_MTBPEVIT_t>(
+        {{"Empresa", 1}, {"NumPed", 1}, {"Item", 10}, {"CodMat", Arroz}, {"CodMat2", "1001"},
+         {"DscMat", "000101 / Cesta Arroz agulhinha tipo 1 5kg"}, {"UndMat", "PC"}, {"ValUnit", 24.9},
+         {"QtdMat", 2}, {"ClFisIPI", "10063021"}, {"PercIPI", 10}, {"PercICMS", 20.5}, {"SitTrib", "3"},
+         {"SitItem", "0"}, {"ComissVnd", 2.5}, {"ComissRep", 4}, {"PercICMSS", 20.5}, {"GrpMat", "MERCEARIA"},
+         {"ValTotal", 49.8}, {"NatOper", 5102}, {"ValItem", 24.9}, {"CodSitTrib", "07"}, {"CCusto", "CC-ARROZ"},
+         {"PrecoVenda", 1}});
+    A_MTBPEVIT_t l;
     ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = 10"));
     Compara(e, l);
     ASSERT_TRUE(Le(l, "TBPEVIT", "Empresa = 1 AND NumPed = 1 AND Item = 20"));
@@ -165,41 +149,17 @@ TEST_P(Geracao, DocumentoPorTipoComMargemIPIEBloqueio) {
     const Valor dados = Valor::Lista{5102, "1", -1, "SP", "RJ", "SP", "RJ"};
     // Type 2: FLGES 2, FLGCMED 0 (FlCMES "3", blocks stock), FLGFC 1 (joined read).
     EXPECT_EQ(Gera("D", dados, "000101", 2, Linhas({"1001"}), 2), 0);
-    A_MTBDOCIT_t e, l;
-    e.Empresa = 1;
-    e.Seq = 1;
-    e.NumNF = "000123";
-    e.SerieNF = "1";
-    e.Item = 100;
-    e.CodMat = Arroz;
-    e.CodMat2 = "1001";
-    e.DscMat = "Arroz agulhinha tipo 1 5kg";
-    e.UndMat = "PC";
-    e.ValUnit = 24.9;
-    e.QtdUnd = 1; // QTDUND 0
-    e.QtdMat = 2;
-    e.ClFisIPI = "10063021";
-    e.PercIPI = 10;
-    e.PercICMS = 20.5;
-    e.SitTrib = "3";
-    e.FlCMES = "3";
-    e.Status = "0";
-    e.ComissVnd = 2.5;
-    e.ComissRep = 4;
-    e.PercICMSS = 20.5;
-    e.TpMov = 2;
-    e.GrpMat = "MERCEARIA";
-    e.ValTotal = 49.8;
-    e.CustoGer = 10;
-    // u = 24.9; charges 24.9 x (20.5 + 3 + 0.65 + 12 + 1.2 + 1.08) / 100 = 9.56907.
-    e.MargemLiq = 24.9 - 10 - 9.56907;
-    e.BaseIPI = 49.8;
-    e.ValIPI = 4.98;
-    e.NatOper = 5102;
-    e.CodSitTrib = "00";
-    e.CCusto = "CC-ARROZ";
-    e.ValItem = 24.9;
-    e.PrecoVenda = 1;
+    // QTDUND 0 reads as 1; u = 24.9, charges 24.9 x (20.5 + 3 + 0.65 + 12 +
+    // 1.2 + 1.08) / 100 = 9.56907 against the cost 10.
+    const auto e = Registro<A_MTBDOCIT_t>(
+        {{"Empresa", 1}, {"Seq", 1}, {"NumNF", "000123"}, {"SerieNF", "1"}, {"Item", 100}, {"CodMat", Arroz},
+         {"CodMat2", "1001"}, {"DscMat", "Arroz agulhinha tipo 1 5kg"}, {"UndMat", "PC"}, {"ValUnit", 24.9},
+         {"QtdUnd", 1}, {"QtdMat", 2}, {"ClFisIPI", "10063021"}, {"PercIPI", 10}, {"PercICMS", 20.5},
+         {"SitTrib", "3"}, {"FlCMES", "3"}, {"Status", "0"}, {"ComissVnd", 2.5}, {"ComissRep", 4},
+         {"PercICMSS", 20.5}, {"TpMov", 2}, {"GrpMat", "MERCEARIA"}, {"ValTotal", 49.8}, {"CustoGer", 10},
+         {"MargemLiq", 24.9 - 10 - 9.56907}, {"BaseIPI", 49.8}, {"ValIPI", 4.98}, {"NatOper", 5102},
+         {"CodSitTrib", "00"}, {"CCusto", "CC-ARROZ"}, {"ValItem", 24.9}, {"PrecoVenda", 1}});
+    A_MTBDOCIT_t l;
     ASSERT_TRUE(Le(l, "TBDOCIT", "Empresa = 1 AND Seq = 1 AND Item = 100"));
     Compara(e, l);
     EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '1001'")), 5);
@@ -236,42 +196,18 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
     const Valor dados = Valor::Lista{1102, 101};
     // 1009 has no cost with supplier 101: generated at 0, and said so.
     EXPECT_EQ(Gera("C", dados, "000101", 2, Linhas({"1001", "1009"})), 0);
-    A_MTBPECIT_t e, l;
-    e.Empresa = 1;
-    e.NumPed = 1;
-    e.CodFor = 101;
-    e.Item = 10;
-    e.CodMat = Arroz;
-    e.CodMat2 = "1001";
-    e.DscMat = "Arroz agulhinha tipo 1 5kg";
-    e.UndMat = "PC";
-    e.ValUnit = 180; // 200 less 10%
-    e.QtdMat = 2;
-    e.ClFisIPI = "10063021";
-    e.PercIPI = 12; // the cost record's, once the base is worked out
-    e.SitItem = "0";
-    e.PrecoTab = 200;
-    e.Desc1 = 10;
-    e.Emb = 2;
-    e.Frete = 5;
-    e.MultVend = 1.35;
-    e.PercICMS = 7;
-    // Ordinary rates 18 (code 1) and 18 (code 4): 3600 / 18 / 100 x 100 - 100.
-    e.PercICMSS = 100;
-    e.SitTrib = "3";
-    e.GrpMat = "MERCEARIA";
-    e.QtdRec = 2;
-    e.ValRec = 180;
-    // freight 9, packing 3.6, ipi (180 + 3.6) x 12% = 22.032; 2 x (180 + 9 + 22.032) x 2.
-    e.BaseIcmsSub = 844.128;
-    e.PerCusFixo = 10;
-    e.PerPis = 0.65;
-    e.PerCofins = 3;
-    e.PerMargem = 30;
-    e.PerICMSVenda = 18;
-    e.Seguro = 1.5;
-    e.NatOper = 1102;
-    e.CCusto = "CC-ARROZ";
+    // 200 less 10%; IPI the cost record's once the base is worked out;
+    // ordinary rates 18 (codes 1 and 4): 3600 / 18 / 100 x 100 - 100; freight
+    // 9, packing 3.6, ipi (180 + 3.6) x 12% = 22.032: base 2 x (180 + 9 + 22.032) x 2.
+    const auto e = Registro<A_MTBPECIT_t>(
+        {{"Empresa", 1}, {"NumPed", 1}, {"CodFor", 101}, {"Item", 10}, {"CodMat", Arroz}, {"CodMat2", "1001"},
+         {"DscMat", "Arroz agulhinha tipo 1 5kg"}, {"UndMat", "PC"}, {"ValUnit", 180}, {"QtdMat", 2},
+         {"ClFisIPI", "10063021"}, {"PercIPI", 12}, {"SitItem", "0"}, {"PrecoTab", 200}, {"Desc1", 10},
+         {"Emb", 2}, {"Frete", 5}, {"MultVend", 1.35}, {"PercICMS", 7}, {"PercICMSS", 100}, {"SitTrib", "3"},
+         {"GrpMat", "MERCEARIA"}, {"QtdRec", 2}, {"ValRec", 180}, {"BaseIcmsSub", 844.128}, {"PerCusFixo", 10},
+         {"PerPis", 0.65}, {"PerCofins", 3}, {"PerMargem", 30}, {"PerICMSVenda", 18}, {"Seguro", 1.5},
+         {"NatOper", 1102}, {"CCusto", "CC-ARROZ"}});
+    A_MTBPECIT_t l;
     ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 10"));
     Compara(e, l);
     ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 20"));

@@ -114,6 +114,21 @@ class GeracaoDemo : public SobreOsDoisBancos {
         ExecutaComunica();
         return c.Status == "00" ? c.Retorno[0] : Valor();
     }
+    // A record with the named columns set, every other at its empty value.
+    template <class R> static R Registro(std::initializer_list<std::pair<const char*, Valor>> campos) {
+        R r;
+        for (const auto& [nome, v] : campos) {
+            const Coluna* col = R::Colunas().Acha(nome);
+            if (!col) {
+                ADD_FAILURE() << "no column " << nome;
+            } else if (col->tipo == TipoCampo::Texto) {
+                col->guardaTexto(&r, CStr(v));
+            } else {
+                col->guardaNumero(&r, ConverteNumero(*col, v));
+            }
+        }
+        return r;
+    }
     // Every column of a written row against the expected record.
     template <class R> static void Compara(const R& esperado, const R& lido) {
         for (const Coluna& col : R::Colunas().colunas) {

@@ -5,7 +5,9 @@
 #include "generation/geracao_teste.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <functional>
 #include <csignal>
 #include <random>
 #include <sstream>
@@ -84,16 +86,18 @@ class Robustez : public GeracaoDemo {
         componente.reset();
     }
 
-    // A child process: its own connection, generating every row into sales
-    // order 1 through the generate command. 'pronto' gets a byte just before
-    // it; with 'vai', it then waits for the parent's byte. 'resultado' gets
-    // "<items written> <collisions> <other messages>".
-    [[noreturn]] void Filho(int pronto, int vai, int resultado) {
+    // A terminal: a child process with its own connection, generating every
+    // row into document 'documento' (0: the session's) through the generate
+    // command. 'pronto' gets a byte just before it; with 'vai', it then waits
+    // for the parent's byte. 'resultado' gets "<items written> <collisions>
+    // <other messages>".
+    [[noreturn]] void Filho(int documento, int pronto, int vai, int resultado) {
         int escritos = 0, existe = 0, outras = 0;
         try {
             if (!db->Conecta()) _exit(4);
             ZeraCursoresModulos();
             db->mensagens->Limpa();
+            if (documento > 0) SessaoAtual().NumDoc = documento;
             janelas->AoMostrar("TolvanF05", [](Tela& d) {
                 auto& q = static_cast<TolvanF05&>(d);
                 q.TxQtdGera.Digita("1");
@@ -115,6 +119,49 @@ class Robustez : public GeracaoDemo {
         if (resultado >= 0 && write(resultado, r.data(), r.size()) != static_cast<ssize_t>(r.size()))
             _exit(3);
         _exit(0);
+    }
+
+    struct Relato {
+        int escritos = -1, existe = -1, outras = -1;
+    };
+    // 'n' terminals, terminal i into document documento(i), let go at the
+    // same moment once all are connected; what each says.
+    std::vector<Relato> Juntos(int n, const std::function<int(int)>& documento) {
+        std::vector<Relato> r(static_cast<size_t>(n));
+        int pronto[2], vai[2];
+        std::vector<std::array<int, 2>> resultado(r.size());
+        std::vector<pid_t> pids(r.size());
+        if (pipe(pronto) != 0 || pipe(vai) != 0) ADD_FAILURE() << "pipe";
+        for (size_t i = 0; i < r.size(); ++i) {
+            if (pipe(resultado[i].data()) != 0) ADD_FAILURE() << "pipe";
+            pids[i] = fork();
+            if (pids[i] == 0) {
+                close(pronto[0]);
+                close(vai[1]);
+                close(resultado[i][0]);
+                Filho(documento(static_cast<int>(i)), pronto[1], vai[0], resultado[i][1]);
+            }
+            close(resultado[i][1]);
+        }
+        close(pronto[1]);
+        close(vai[0]);
+        char b;
+        for (int i = 0; i < n; ++i)
+            EXPECT_EQ(read(pronto[0], &b, 1), 1) << "terminal " << i + 1 << " never got ready";
+        const std::string todos(r.size(), 'g');
+        EXPECT_EQ(write(vai[1], todos.data(), todos.size()), static_cast<ssize_t>(todos.size()));
+        close(pronto[0]);
+        close(vai[1]);
+        for (size_t i = 0; i < r.size(); ++i) {
+            int st = 0;
+            waitpid(pids[i], &st, 0);
+            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << "terminal " << i + 1 << ": " << st;
+            char buf[64] = {};
+            if (read(resultado[i][0], buf, sizeof buf - 1) > 0)
+                std::istringstream(buf) >> r[i].escritos >> r[i].existe >> r[i].outras;
+            close(resultado[i][0]);
+        }
+        return r;
     }
 
     Grade itens, agrupamentos;
@@ -204,7 +251,7 @@ void Robustez::MataAoAcaso(const std::string& origem) {
         const pid_t pid = fork();
         if (pid == 0) {
             close(p[0]);
-            Filho(p[1], -1, -1);
+            Filho(0, p[1], -1, -1);
         }
         close(p[1]);
         char b;
@@ -253,45 +300,15 @@ TEST_P(Robustez, DoisProcessosNoMesmoDocumentoNaoRepetemNumeros) {
     constexpr int Linhas = 30, Rodadas = 4;
     Prepara(Linhas);
     int colisoes = 0, antes = 0;
-    for (int r = 0; r < Rodadas; ++r) {
-        int pronto[2], vai[2], resultado[2][2];
-        ASSERT_EQ(pipe(pronto), 0);
-        ASSERT_EQ(pipe(vai), 0);
-        pid_t pids[2];
-        for (int i = 0; i < 2; ++i) {
-            ASSERT_EQ(pipe(resultado[i]), 0);
-            pids[i] = fork();
-            if (pids[i] == 0) {
-                close(pronto[0]);
-                close(vai[1]);
-                close(resultado[i][0]);
-                Filho(pronto[1], vai[0], resultado[i][1]);
-            }
-            close(resultado[i][1]);
-        }
-        close(pronto[1]);
-        close(vai[0]);
-        // Both have read the last item number; let them go at once.
-        char b[2];
-        ASSERT_EQ(read(pronto[0], &b[0], 1) + read(pronto[0], &b[1], 1), 2);
-        ASSERT_EQ(write(vai[1], "gg", 2), 2);
+    for (int r = 0; r < Rodadas && !HasFailure(); ++r) {
+        // Both have read the last item number when they go.
         int escritos = 0;
-        for (int i = 0; i < 2; ++i) {
-            int st = 0;
-            waitpid(pids[i], &st, 0);
-            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << st;
-            char buf[64] = {};
-            ASSERT_GT(read(resultado[i][0], buf, sizeof buf - 1), 0);
-            close(resultado[i][0]);
-            int e = 0, x = 0, o = 0;
-            std::istringstream(buf) >> e >> x >> o;
-            EXPECT_EQ(e + x, Linhas) << "every marked row is written or reported";
-            EXPECT_EQ(o, 0) << "no other message";
-            escritos += e;
-            colisoes += x;
+        for (const Relato& t : Juntos(2, [](int) { return 0; })) {
+            EXPECT_EQ(t.escritos + t.existe, Linhas) << "every marked row is written or reported";
+            EXPECT_EQ(t.outras, 0) << "no other message";
+            escritos += t.escritos;
+            colisoes += t.existe;
         }
-        close(pronto[0]);
-        close(vai[1]);
         const int agora = Confere();
         EXPECT_EQ(agora - antes, escritos) << "what each says it wrote is what is there";
         antes = agora;
@@ -301,119 +318,43 @@ TEST_P(Robustez, DoisProcessosNoMesmoDocumentoNaoRepetemNumeros) {
 
 // Eight terminals block the same two products at the same moment, round
 // after round, each into a store document of its own: every block counts.
-class BloqueioConcorrente : public GeracaoDemo {
-  protected:
-    static constexpr int Processos = 8, Rodadas = 5;
+TEST_P(Robustez, OitoTerminaisAoMesmoTempoSomamCadaBloqueio) {
+    constexpr int Processos = 8, Rodadas = 5;
+    db->Direto("UPDATE TBMAT SET QtdItAtu = 100000, QtdItBloq = 0 WHERE Empresa = 1");
+    Ajuste("BLOQUEIA ITENS", "SIM");
+    // Store documents 2..8 as copies of document 1.
+    std::string nomes, valores;
+    std::stringstream lista(A_MTBDOC_t::Colunas().Lista());
+    for (std::string c; std::getline(lista, c, ',');) {
+        nomes += (nomes.empty() ? "" : ", ") + Apara(c);
+        valores += (valores.empty() ? "" : ", ") + (Normaliza(c) == "SEQ" ? std::string("%d") : Apara(c));
+    }
+    for (int seq = 2; seq <= Processos; ++seq) {
+        std::string v = valores;
+        v.replace(v.find("%d"), 2, std::to_string(seq));
+        db->Direto("INSERT INTO TBDOC (" + nomes + ") SELECT " + v + " FROM TBDOC WHERE Empresa = 1 AND Seq = 1");
+    }
+    db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, UndItem, "
+               "QtdUnd, Valor, STTR, Tipo) VALUES (1, 'BLOQ', 'Bloqueio', 1, '1001', 'x', '7891234100100', 1, "
+               "'UN', 1, 1, 0, 1), (1, 'BLOQ', 'Bloqueio', 2, '1002', 'y', '7891234100200', 2, 'UN', 1, 1, 0, 1)");
+    Carrega(*componente, "D", 2, VendaSP, "BLOQ", itens, agrupamentos, nome);
+    ASSERT_EQ(itens.Rows(), 3);
+    componente.reset();
 
-    void Prepara() {
-        db->Direto("UPDATE TBMAT SET QtdItAtu = 100000, QtdItBloq = 0 WHERE Empresa = 1");
-        Ajuste("BLOQUEIA ITENS", "SIM");
-        // Store documents 2..8 as copies of document 1.
-        std::vector<std::string> colunas;
-        std::stringstream lista(A_MTBDOC_t::Colunas().Lista());
-        for (std::string c; std::getline(lista, c, ',');)
-            colunas.push_back(Apara(c));
-        for (int seq = 2; seq <= Processos; ++seq) {
-            std::string nomes, valores;
-            for (const std::string& c : colunas) {
-                nomes += (nomes.empty() ? "" : ", ") + c;
-                valores += (valores.empty() ? "" : ", ") + (Normaliza(c) == "SEQ" ? std::to_string(seq) : c);
-            }
-            db->Direto("INSERT INTO TBDOC (" + nomes + ") SELECT " + valores +
-                       " FROM TBDOC WHERE Empresa = 1 AND Seq = 1");
+    for (int r = 0; r < Rodadas && !HasFailure(); ++r)
+        for (const Relato& t : Juntos(Processos, [](int i) { return i + 1; })) {
+            EXPECT_EQ(t.escritos, 2) << "a terminal did not write both items";
+            EXPECT_EQ(t.existe + t.outras, 0) << "a terminal reported something";
         }
-        db->Direto("INSERT INTO TBMATAG (Empresa, Codigo, Nome, Item, CodItem, DscItem, CodEquiv, Qtd, UndItem, "
-                   "QtdUnd, Valor, STTR, Tipo) VALUES (1, 'BLOQ', 'Bloqueio', 1, '1001', 'x', '7891234100100', 1, "
-                   "'UN', 1, 1, 0, 1), (1, 'BLOQ', 'Bloqueio', 2, '1002', 'y', '7891234100200', 2, 'UN', 1, 1, 0, "
-                   "1)");
-        Carrega(*componente, "D", 2, VendaSP, "BLOQ", itens, agrupamentos, nome);
-        ASSERT_EQ(itens.Rows(), 3);
-        componente.reset();
-    }
-
-    // A terminal: its own connection and document; waits for the parent's
-    // byte, generates, and writes "<items written> <messages shown>".
-    [[noreturn]] void Terminal(int documento, int vai, int resultado) {
-        int escritos = 0, mensagens = 0;
-        try {
-            if (!db->Conecta()) _exit(4);
-            ZeraCursoresModulos();
-            db->mensagens->Limpa();
-            SessaoAtual().NumDoc = documento;
-            janelas->AoMostrar("TolvanF05", [](Tela& d) {
-                auto& q = static_cast<TolvanF05&>(d);
-                q.TxQtdGera.Digita("1");
-                q.bok_Click();
-            });
-            TelaGeracao tela{itens, agrupamentos, nome, {}};
-            char b;
-            if (read(vai, &b, 1) != 1) _exit(3);
-            sbGerarDocumento(tela);
-            escritos = static_cast<int>(ItensGerados().size());
-            mensagens = static_cast<int>(Mostradas().size());
-        } catch (...) {
-            _exit(2);
-        }
-        const std::string r = std::to_string(escritos) + " " + std::to_string(mensagens) + "\n";
-        if (write(resultado, r.data(), r.size()) != static_cast<ssize_t>(r.size())) _exit(3);
-        _exit(0);
-    }
-
-    double Bloqueado(const char* produto) {
-        return CDbl(Um(std::string("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = '") + produto + "'"));
-    }
-    double Escrito(const char* produto) {
-        return CDbl(Um(std::string("SELECT ISNULL(SUM(QtdMat), 0) FROM TBDOCIT WHERE Empresa = 1 AND CodMat2 = '") +
-                       produto + "'"));
-    }
-
-    Grade itens, agrupamentos;
-    std::string nome;
-};
-
-TEST_P(BloqueioConcorrente, OitoTerminaisAoMesmoTempoSomamCadaBloqueio) {
-    Prepara();
-    if (HasFatalFailure()) return;
-    for (int r = 0; r < Rodadas; ++r) {
-        int vai[2], resultado[Processos][2];
-        ASSERT_EQ(pipe(vai), 0);
-        pid_t pids[Processos];
-        for (int i = 0; i < Processos; ++i) {
-            ASSERT_EQ(pipe(resultado[i]), 0);
-            pids[i] = fork();
-            if (pids[i] == 0) {
-                close(vai[1]);
-                close(resultado[i][0]);
-                Terminal(i + 1, vai[0], resultado[i][1]);
-            }
-            close(resultado[i][1]);
-        }
-        close(vai[0]);
-        // All connected and waiting: let them go at once.
-        const std::string todos(Processos, 'g');
-        ASSERT_EQ(write(vai[1], todos.data(), todos.size()), static_cast<ssize_t>(todos.size()));
-        close(vai[1]);
-        for (int i = 0; i < Processos; ++i) {
-            int st = 0;
-            waitpid(pids[i], &st, 0);
-            EXPECT_TRUE(WIFEXITED(st) && WEXITSTATUS(st) == 0) << "terminal " << i + 1 << ": " << st;
-            char buf[64] = {};
-            ASSERT_GT(read(resultado[i][0], buf, sizeof buf - 1), 0);
-            close(resultado[i][0]);
-            int e = -1, m = -1;
-            std::istringstream(buf) >> e >> m;
-            EXPECT_EQ(e, 2) << "terminal " << i + 1 << " wrote both items";
-            EXPECT_EQ(m, 0) << "terminal " << i + 1 << " reported something";
-        }
-    }
     ASSERT_TRUE(db->Conecta());
-    EXPECT_EQ(Escrito("1001"), Processos * Rodadas * 1.0);
-    EXPECT_EQ(Bloqueado("1001"), Escrito("1001")) << "a block was lost";
-    EXPECT_EQ(Bloqueado("1002"), Escrito("1002")) << "a block was lost";
-    EXPECT_EQ(Escrito("1002"), Processos * Rodadas * 2.0);
+    for (const auto& [produto, qtd] : {std::pair{"1001", 1.0}, std::pair{"1002", 2.0}}) {
+        const std::string p = std::string("'") + produto + "'";
+        const double escrito = CDbl(Um("SELECT ISNULL(SUM(QtdMat), 0) FROM TBDOCIT WHERE Empresa = 1 AND CodMat2 = " + p));
+        EXPECT_EQ(escrito, Processos * Rodadas * qtd);
+        EXPECT_EQ(CDbl(Um("SELECT QtdItBloq FROM TBMAT WHERE Empresa = 1 AND CodItem = " + p)), escrito)
+            << "a block of " << produto << " was lost";
+    }
 }
-
-ZTOLVAN_NOS_DOIS_BANCOS(BloqueioConcorrente);
 
 // Hostile rows in one process.
 class ValoresHostis : public GeracaoDemo {};
