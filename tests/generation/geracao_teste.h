@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "apoio/registro_teste.h"
 #include "common/conversao.h"
 #include "common/portas.h"
 #include "common/seguranca.h"
@@ -113,21 +114,6 @@ class GeracaoDemo : public SobreOsDoisBancos {
         c.Dados = sql;
         ExecutaComunica();
         return c.Status == "00" ? c.Retorno[0] : Valor();
-    }
-    // A record with the named columns set, every other at its empty value.
-    template <class R> static R Registro(std::initializer_list<std::pair<const char*, Valor>> campos) {
-        R r;
-        for (const auto& [nome, v] : campos) {
-            const Coluna* col = R::Colunas().Acha(nome);
-            if (!col) {
-                ADD_FAILURE() << "no column " << nome;
-            } else if (col->tipo == TipoCampo::Texto) {
-                col->guardaTexto(&r, CStr(v));
-            } else {
-                col->guardaNumero(&r, ConverteNumero(*col, v));
-            }
-        }
-        return r;
     }
     // Every column of a written row against the expected record.
     template <class R> static void Compara(const R& esperado, const R& lido) {

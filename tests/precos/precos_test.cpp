@@ -5,6 +5,7 @@
 #include <map>
 
 #include "apoio/banco_teste.h"
+#include "apoio/registro_teste.h"
 #include "common/contexto.h"
 #include "common/erro.h"
 #include "common/explicacao.h"
@@ -125,18 +126,9 @@ TEST_F(Aritmetica, CustoLiquidoEAliquotaDeSubstituicaoDaCompra) {
 // PrecoTab 100 less 10% = 90; freight 5% = 4.5; packing 2% = 1.8; m = 1.4;
 // ValRec 90, QtdRec 3.
 A_MTBPECIT_t ItemCompra() {
-    A_MTBPECIT_t it;
-    it.PrecoTab = 100;
-    it.Desc1 = 10;
-    it.Frete = 5;
-    it.Emb = 2;
-    it.PercIPI = 10;
-    it.SitTrib = "3";
-    it.PercICMSS = 40;
-    it.ValUnit = 90;
-    it.ValRec = 90;
-    it.QtdRec = 3;
-    return it;
+    return Registro<A_MTBPECIT_t>({{"PrecoTab", 100}, {"Desc1", 10}, {"Frete", 5}, {"Emb", 2}, {"PercIPI", 10},
+                                   {"SitTrib", "3"}, {"PercICMSS", 40}, {"ValUnit", 90}, {"ValRec", 90},
+                                   {"QtdRec", 3}});
 }
 
 TEST_F(Aritmetica, BaseDeSubstituicaoPorRegraDoFornecedor) {
@@ -198,17 +190,10 @@ TEST_F(Aritmetica, BaseDeSubstituicaoArredondaOndeOSistemaArredonda) {
     };
     for (const Caso& c : casos) {
         SCOPED_TRACE(c.nome);
-        A_MTBPECIT_t it;
-        it.SitTrib = "3";
-        it.PrecoTab = c.precoTab;
-        it.ValUnit = c.valUnit;
-        it.Desc1 = c.desc1;
-        it.Frete = c.frete;
-        it.Emb = c.emb;
-        it.PercIPI = c.percIPI;
-        it.PercICMSS = c.percICMSS;
-        it.ValRec = c.valRec;
-        it.QtdRec = c.qtdRec;
+        A_MTBPECIT_t it = Registro<A_MTBPECIT_t>(
+            {{"SitTrib", "3"}, {"PrecoTab", c.precoTab}, {"ValUnit", c.valUnit}, {"Desc1", c.desc1},
+             {"Frete", c.frete}, {"Emb", c.emb}, {"PercIPI", c.percIPI}, {"PercICMSS", c.percICMSS},
+             {"ValRec", c.valRec}, {"QtdRec", c.qtdRec}});
         EXPECT_NEAR(BaseIcmsSub(it, std::nullopt, 1), c.esperado, 1e-9);
     }
 }
