@@ -2,18 +2,12 @@
 
 #include <thread>
 
+#include "apoio/componente_teste.h"
 #include "common/portas.h"
 #include "common/seguranca.h"
 #include "common/texto.h"
-#include "data/banco_param.h"
-#include "data/comunica.h"
-#include "data/config_banco.h"
-#include "data/despachante.h"
 #include "data/modules/modulos.h"
-#include "data/schema/esquema.h"
 #include "entry/sessao.h"
-#include "entry/telas_componente.h"
-#include "ztolvan/consultalista.h"
 
 using namespace ztolvan;
 using namespace ztolvan::teste;
@@ -36,35 +30,7 @@ struct Chamada {
     }
 };
 
-class ZProcessaTeste : public SobreOsDoisBancos {
-  protected:
-    void SetUp() override {
-        SobreOsDoisBancos::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
-        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
-        std::string msg;
-        ASSERT_TRUE(CriaEsquema(msg)) << msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
-        FechaConexao();
-        ConfigBanco::DefineFixa(ConfigBanco{db->Servidor(), db->Banco(), db->Usuario(), db->Senha()});
-        setenv("ZTOLVAN_LOG_DIR", db->Pasta().c_str(), 1);
-        componente = std::make_unique<consultalista>();
-        ASSERT_EQ(ComunicaAtual().Status, "00") << ComunicaAtual().Msg;
-    }
-    void TearDown() override {
-        componente.reset();
-        ConfigBanco::DefineFixa(std::nullopt);
-        DefineFabricaTelas(nullptr);
-        SobreOsDoisBancos::TearDown();
-    }
-    void Ajuste(const std::string& chave, const std::string& valor) {
-        db->Direto("INSERT INTO TBREGSRV (usuario, chave, valor) VALUES ('TESTE', '" + chave + "', '" +
-                   valor + "')");
-    }
-    const std::vector<MensagemMostrada>& Mostradas() { return db->mensagens->Mostradas(); }
-
-    std::unique_ptr<consultalista> componente;
-};
+class ZProcessaTeste : public ComComponente {};
 
 TEST_P(ZProcessaTeste, OpcaoZeroPreencheOContextoESaiComStatus1SemMostrarNada) {
     Chamada c;

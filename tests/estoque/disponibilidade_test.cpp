@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "common/portas.h"
-#include "data/modules/modulos_teste.h"
+#include "screens/demo_telas.h"
 #include "entry/sessao.h"
 #include "estoque/disponibilidade.h"
 #include "screens/auxiliary/tolvanf03.h"
@@ -91,44 +91,30 @@ TEST(Disponibilidade, CasosTrabalhados) {
     EXPECT_TRUE(TextoDisponibilidade(Calcula({}, saldos)).empty());
 }
 
-class DisponibilidadeNaTela : public ComDemo {
+class DisponibilidadeNaTela : public TelasNoDemo<> {
   protected:
     void SetUp() override {
-        ComDemo::SetUp();
+        TelasNoDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        PortasAtuais().telas = janelas;
-        Sessao& s = SessaoAtual();
-        s.Empresa = s.EmpresaConsulta = 1;
-        s.Operador = "TESTE";
-        s.Origem = s.OrigemTrim = "D"; // no row starts marked
-        s.OrigemDocumento = true;
-        s.TipoPreco = "1";
         // 000101 with plenty of everything but the rice (20 free, 1 each) and
         // the beans (57 − 2 = 55 free, 2 each).
         db->Direto("UPDATE TBMAT SET QtdItAtu = 1000, QtdItBloq = 0 WHERE Empresa = 1");
         db->Direto("UPDATE TBMAT SET QtdItAtu = 20 WHERE Empresa = 1 AND CodItem = '1001'");
         db->Direto("UPDATE TBMAT SET QtdItAtu = 57, QtdItBloq = 2 WHERE Empresa = 1 AND CodItem = '1002'");
     }
-    void Abre(std::function<void(TolvanF01&)> acao) {
-        janelas->AoMostrar("TolvanF01", [acao](Tela& t) { acao(static_cast<TolvanF01&>(t)); });
-        TolvanF01 f;
-        MostraModal(f);
-    }
     static int Linha(const TolvanF01& f, const std::string& produto) {
         for (int r = 1; r < f.GCon1.Rows(); ++r)
             if (Apara(f.GCon1.TextMatrix(r, TolvanF01::ColProduto)) == produto) return r;
         return -1;
     }
-    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
 };
 
 // The line follows the grouping, the marks and a quantity change, with one
 // stock statement per grouping load; the multiplier dialog warns above it.
 TEST_P(DisponibilidadeNaTela, LinhaSegueMarcasEQuantidadeEODialogoAvisa) {
-    Abre([&](TolvanF01& f) {
-        f.cboPesquisa.Seleciona(1);
-        f.txtPesquisa.Digita("000101");
-        f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+    // No row of a store document starts marked.
+    Abre("D", [&](TolvanF01& f) {
+        Busca(f, 1, "000101");
         ASSERT_EQ(f.GCon1.Rows(), 14);
         EXPECT_EQ(f.LDisponibilidade.Caption,
                   "Estoque atende 20 agrupamentos completos; limitado por Arroz agulhinha tipo 1 5kg")

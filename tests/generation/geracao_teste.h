@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "apoio/componente_teste.h"
 #include "apoio/registro_teste.h"
 #include "common/conversao.h"
 #include "common/portas.h"
@@ -32,35 +33,18 @@
 
 namespace ztolvan::teste {
 
-class GeracaoDemo : public SobreOsDoisBancos {
+class GeracaoDemo : public ComComponente {
   protected:
-    void SetUp() override {
-        SobreOsDoisBancos::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
-        ASSERT_TRUE(db->Conecta()) << ComunicaAtual().Msg;
-        std::string msg;
-        ASSERT_TRUE(SemeiaDemo(msg)) << msg;
-        FechaConexao();
-        ConfigBanco::DefineFixa(ConfigBanco{db->Servidor(), db->Banco(), db->Usuario(), db->Senha()});
-        setenv("ZTOLVAN_LOG_DIR", db->Pasta().c_str(), 1);
+    // The model screens and the generate command, as a host with screens has them.
+    void Instala() override {
         PortasAtuais().telas = janelas;
         PortasAtuais().seguranca = [this] { return seguranca; };
         InstalaTelas();
         InstalaGeracao();
-        componente = std::make_unique<consultalista>();
-        ASSERT_EQ(ComunicaAtual().Status, "00") << ComunicaAtual().Msg;
     }
     void TearDown() override {
-        componente.reset();
-        ConfigBanco::DefineFixa(std::nullopt);
-        DefineFabricaTelas(nullptr);
         DefineAcoesConsulta({});
-        SobreOsDoisBancos::TearDown();
-    }
-
-    void Ajuste(const std::string& chave, const std::string& valor) {
-        db->Direto("INSERT INTO TBREGSRV (usuario, chave, valor) VALUES ('TESTE', '" + chave + "', '" +
-                   valor + "')");
+        ComComponente::TearDown();
     }
 
     // ZProcessa with the screen option: the operator finds 'grupo', 'marca'
@@ -107,14 +91,6 @@ class GeracaoDemo : public SobreOsDoisBancos {
         }
         return true;
     }
-    Valor Um(const std::string& sql) {
-        Comunica& c = ComunicaAtual();
-        c.Transacao = "REQUERY";
-        c.Cursor = 0;
-        c.Dados = sql;
-        ExecutaComunica();
-        return c.Status == "00" ? c.Retorno[0] : Valor();
-    }
     // Every column of a written row against the expected record.
     template <class R> static void Compara(const R& esperado, const R& lido) {
         for (const Coluna& col : R::Colunas().colunas) {
@@ -125,17 +101,9 @@ class GeracaoDemo : public SobreOsDoisBancos {
                 EXPECT_EQ(l, e) << col.nome;
         }
     }
-    const std::vector<MensagemMostrada>& Mostradas() { return db->mensagens->Mostradas(); }
-    std::vector<std::string> Textos() {
-        std::vector<std::string> r;
-        for (const auto& m : Mostradas())
-            r.push_back(m.Texto);
-        return r;
-    }
 
     std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
     std::shared_ptr<SegurancaGravada> seguranca = std::make_shared<SegurancaGravada>();
-    std::unique_ptr<consultalista> componente;
 };
 
 } // namespace ztolvan::teste

@@ -11,8 +11,8 @@
 #include "common/texto.h"
 #include "data/schema/esquema.h"
 #include "entry/sessao.h"
-#include "generation/cotacao/tolvanf04.h"
 #include "qt/apoio_qt.h"
+#include "screens/auxiliary/tolvanf03.h"
 #include "screens/auxiliary/tolvanf07.h"
 #include "screens/auxiliary/tolvanf08.h"
 #include "screens/consultation/tolvanf01.h"
@@ -63,6 +63,23 @@ class TelasQt : public TelaQt {
 
     BancoTeste db{Kind::Sqlite};
 };
+
+// What the keyboard does in the quantity dialog is in its real-window test;
+// here, what the view shows between keys.
+TEST_F(TelasQt, QuantidadeSelecionadaNoFocoEFormatadaForaDele) {
+    Troca().QtdAlterar = 5;
+    TolvanF03 f;
+    auto v = Abre(f);
+    EXPECT_EQ(v->windowTitle(), QStringLiteral("Alteração da Quantidade/Preço"));
+    auto* qtd = static_cast<QLineEdit*>(v->WidgetDe(&f.TQtd));
+    ASSERT_EQ(Foco(), qtd);
+    EXPECT_EQ(qtd->selectedText(), QStringLiteral("5"));
+    Tecla(Qt::Key_Return);
+    EXPECT_EQ(Foco(), v->WidgetDe(&f.txtValor));
+    EXPECT_EQ(qtd->text(), QStringLiteral("5,00")) << "a field without focus shows its format";
+    Tecla(Qt::Key_Escape);
+    EXPECT_FALSE(v->isVisible());
+}
 
 TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
     Demo();
@@ -168,24 +185,6 @@ TEST_F(TelasQt, ManutencaoObservacaoEmVariasLinhasTabSaiEEscFecha) {
     EXPECT_FALSE(f.Carregada());
     EXPECT_FALSE(v->isVisible());
     EXPECT_EQ(agrupamentos.TextMatrix(1, 1), "Cesta básica tradicional") << "nothing saved";
-}
-
-TEST_F(TelasQt, ImpressaoEnterVaiDoTituloAoRodapeEEscCancela) {
-    TolvanF01 consulta;
-    TolvanF04 f(consulta);
-    auto v = Abre(f);
-    ASSERT_EQ(Foco(), v->WidgetDe(&f.TxTitulo));
-    Digita("Cotacao de marco");
-    Tecla(Qt::Key_Return);
-    EXPECT_EQ(Foco(), v->WidgetDe(&f.TxRodape));
-    EXPECT_EQ(f.ActiveControl(), &f.TxRodape);
-    Digita("Validade 10 dias");
-    EXPECT_EQ(f.TxTitulo.Text, "Cotacao de marco");
-    EXPECT_EQ(f.TxRodape.Text, "Validade 10 dias");
-
-    Tecla(Qt::Key_Escape);
-    EXPECT_FALSE(f.Carregada());
-    EXPECT_FALSE(v->isVisible());
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "common/portas.h"
 #include "common/texto.h"
 #include "data/modules/modulos_teste.h"
+#include "screens/demo_telas.h"
 #include "screens/tela_teste.h"
 #include "entry/sessao.h"
 #include "screens/auxiliary/tolvanf02.h"
@@ -24,52 +25,17 @@ using namespace ztolvan::teste;
 
 namespace {
 
-class Consulta : public ComDemo {
+class Consulta : public TelasNoDemo<> {
   protected:
-    void SetUp() override {
-        ComDemo::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
-        PortasAtuais().telas = janelas;
-        gravador->chamadas.clear();
-    }
-    void TearDown() override {
-        DefineAcoesConsulta({});
-        ComEsquema::TearDown();
-    }
-    void Origem(const std::string& origem, const std::string& tipo = "1") {
-        Sessao& s = SessaoAtual();
-        s.Empresa = s.EmpresaConsulta = 1;
-        s.Operador = "TESTE";
-        s.Origem = origem;
-        s.OrigemTrim = Apara(origem);
-        s.OrigemDocumento = origem == "V" || origem == "D" || origem == "C" || origem == "P";
-        s.TipoPreco = tipo;
-        s.DadosRetorno = Valor();
-    }
-    // Opens TolvanF01 in the mode of 'origem' and lets the operator act.
-    void Abre(const std::string& origem, std::function<void(TolvanF01&)> acao) {
-        Origem(origem);
-        janelas->AoMostrar("TolvanF01", [acao](Tela& t) { acao(static_cast<TolvanF01&>(t)); });
-        TolvanF01 f;
-        MostraModal(f);
-    }
     static std::vector<std::string> Codigos(const Grade& g) {
         std::vector<std::string> r;
         for (int i = 1; i < g.Rows(); ++i)
             r.push_back(AparaDireita(g.TextMatrix(i, 0)));
         return r;
     }
-    static void Busca(TolvanF01& f, int tipo, const std::string& texto) {
-        f.cboPesquisa.Seleciona(tipo);
-        f.txtPesquisa.Digita(texto);
-        f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
-    }
-
-    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
 };
 
 TEST_P(Consulta, ListaDeAgrupamentosAbreSemPrepararCortaNomesEDevolveOCodigo) {
-    Origem("V");
     db->Direto("UPDATE TBMATAG SET NOME = '" + std::string(70, 'N') +
                "' WHERE EMPRESA = 1 AND CODIGO = '000108'");
     db->Direto("UPDATE TBMATAG SET CODIGO = '007' WHERE EMPRESA = 1 AND CODIGO = '000111'");

@@ -6,9 +6,9 @@
 #include "common/conversao.h"
 #include "common/portas.h"
 #include "common/texto.h"
-#include "data/modules/modulos_teste.h"
 #include "entry/sessao.h"
 #include "screens/auxiliary/tolvanf08.h"
+#include "screens/demo_telas.h"
 #include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
 #include "screens/teclas.h"
@@ -18,48 +18,31 @@ using namespace ztolvan::teste;
 
 namespace {
 
-class Manutencao : public ComDemo {
+class Manutencao : public TelasNoDemo<> {
   protected:
     void SetUp() override {
-        ComDemo::SetUp();
+        TelasNoDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        PortasAtuais().telas = janelas;
         PortasAtuais().mensagens = mensagens;
         InstalaManutencao();
-        Sessao& s = SessaoAtual();
-        s.Empresa = s.EmpresaConsulta = 1;
-        s.Operador = "TESTE";
-        s.Origem = s.OrigemTrim = "";
-        s.OrigemDocumento = false;
-        s.TipoPreco = "1";
-        gravador->chamadas.clear();
-    }
-    void TearDown() override {
-        DefineAcoesConsulta({});
-        ComEsquema::TearDown();
+        Origem("");
     }
     // Searches the grouping on the consultation screen, double-clicks it and
     // lets the operator act on the maintenance screen; 'depois' looks at the
     // consultation screen once maintenance closed.
     void Mantem(const std::string& codigo, std::function<void(TolvanF08&)> acao,
                 std::function<void(TolvanF01&)> depois = {}) {
-        janelas->AoMostrar("TolvanF01", [&](Tela& t) {
-            auto& f = static_cast<TolvanF01&>(t);
-            f.cboPesquisa.Seleciona(1);
-            f.txtPesquisa.Digita(codigo);
-            f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+        Abre("", [&](TolvanF01& f) {
+            Busca(f, 1, codigo);
             janelas->AoMostrar("TolvanF08", [&](Tela& m) { acao(static_cast<TolvanF08&>(m)); });
             f.MSFGAgrupamento.DblClick();
             if (depois) depois(f);
         });
-        TolvanF01 f;
-        MostraModal(f);
     }
     int Linhas(const std::string& onde) {
         return static_cast<int>(CDbl(Um("SELECT COUNT(*) FROM TBMATAG WHERE EMPRESA = 1 AND " + onde)));
     }
 
-    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
     std::shared_ptr<MensagensGravadas> mensagens = std::make_shared<MensagensGravadas>();
 };
 

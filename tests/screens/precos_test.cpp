@@ -7,6 +7,7 @@
 #include "common/portas.h"
 #include "common/texto.h"
 #include "data/modules/modulos_teste.h"
+#include "screens/demo_telas.h"
 #include "screens/tela_teste.h"
 #include "entry/sessao.h"
 #include "screens/auxiliary/tolvanf02.h"
@@ -34,12 +35,11 @@ class JanelasComTeclaPendente : public JanelasModelo {
     Tela* pendente = nullptr;
 };
 
-class Precos : public ComDemo {
+class Precos : public TelasNoDemo<JanelasComTeclaPendente> {
   protected:
     void SetUp() override {
-        ComDemo::SetUp();
+        TelasNoDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        PortasAtuais().telas = janelas;
         // CESTA BASICA: two items in price type 1 (the second at half a unit)
         // and a third only in type 2, which type 1 never shows.
         db->Direto(
@@ -51,19 +51,8 @@ class Precos : public ComDemo {
                    "(1, 'E2001', 1, '2001', 10, 'ARROZ TIPO 1'), "
                    "(1, 'E2002', 1, '2002', 1234.5, 'FEIJAO CARIOCA'), "
                    "(1, 'E2003', 2, '2003', 7, 'SAL')");
-        Sessao& s = SessaoAtual();
-        s.Empresa = s.EmpresaConsulta = 1;
-        s.Operador = "TESTE";
-        s.Origem = s.OrigemTrim = "F";
-        s.TipoPreco = "1";
-        s.StatusRet = 1;
-        s.DadosRetorno = Valor();
+        Origem("F").StatusRet = 1;
         gravador->chamadas.clear();
-    }
-    void Ajuste(const std::string& chave, const std::string& valor) {
-        db->Direto("DELETE FROM TBREGSRV WHERE USUARIO = 'TESTE' AND CHAVE = '" + chave + "'");
-        db->Direto("INSERT INTO TBREGSRV (USUARIO, CHAVE, VALOR) VALUES ('TESTE', '" + chave + "', '" +
-                   valor + "')");
     }
     // Opens the screen once; the operator does 'acao'.
     void Abre(std::function<void(TolvanF07&)> acao) {
@@ -80,14 +69,7 @@ class Precos : public ComDemo {
         });
     }
     std::string Retorno() { return CStr(SessaoAtual().DadosRetorno); }
-    std::vector<std::string> Textos() {
-        std::vector<std::string> r;
-        for (const auto& m : Mostradas())
-            r.push_back(m.Texto);
-        return r;
-    }
 
-    std::shared_ptr<JanelasComTeclaPendente> janelas = std::make_shared<JanelasComTeclaPendente>();
     TolvanF07 tela;
 };
 

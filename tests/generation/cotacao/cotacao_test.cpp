@@ -13,11 +13,10 @@
 #include "common/portas.h"
 #include "common/relogio_teste.h"
 #include "common/texto.h"
-#include "data/modules/modulos_teste.h"
 #include "entry/sessao.h"
 #include "generation/cotacao/cotacao.h"
 #include "generation/cotacao/tolvanf04.h"
-#include "screens/consultation/tolvanf01.h"
+#include "screens/demo_telas.h"
 #include "screens/janelas.h"
 #include "screens/teclas.h"
 
@@ -44,25 +43,20 @@ bool LinhaDeItem(const LinhaImpressa& l) {
 }
 bool Continuacao(const LinhaImpressa& l) { return l.trechos.size() == 1 && l.trechos[0].coluna == 22; }
 
-class Cotacoes : public ComDemo {
+class Cotacoes : public TelasNoDemo<> {
   protected:
     void SetUp() override {
-        ComDemo::SetUp();
+        TelasNoDemo::SetUp();
         if (IsSkipped() || HasFatalFailure()) return;
-        PortasAtuais().telas = janelas;
         DefineFabricaImpressora([this] { return impressora; });
         ParaORelogio(2024, 3, 5, 14, 7, 9);
-        Sessao& s = SessaoAtual();
-        s.Empresa = 1;
-        s.Operador = "TESTE";
         f.GridCabecalho();
         f.LNome.Caption = "Cesta básica";
     }
     void TearDown() override {
         DefineFabricaImpressora({});
-        DefineAcoesConsulta({});
         DefineRelogio({});
-        ComEsquema::TearDown();
+        TelasNoDemo::TearDown();
     }
     void Item(const std::string& marca, const std::string& dsc, const std::string& qtd = "1",
               const std::string& preco = "R$ 1,00", const std::string& emb = "UN",
@@ -93,7 +87,6 @@ class Cotacoes : public ComDemo {
                static_cast<int>(std::count_if(Pagina(pagina).begin(), Pagina(pagina).end(), Continuacao));
     }
 
-    std::shared_ptr<JanelasModelo> janelas = std::make_shared<JanelasModelo>();
     std::shared_ptr<ImpressoraGravada> impressora = std::make_shared<ImpressoraGravada>();
     TolvanF01 f;
 };
