@@ -41,8 +41,10 @@ std::optional<SaldoDosProdutos> LeSaldos(int16_t empresa, const std::string& agr
     const size_t cItem = rs.Indice("CODITEM"), cAtu = rs.Indice("QTDITATU"), cBloq = rs.Indice("QTDITBLOQ");
     SaldoDosProdutos saldos;
     saldos.reserve(rs.RecordCount());
+    std::string apoio;
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
-        saldos.emplace(Apara(CStr(rs.ValorNa(cItem))), Saldo{CDbl(rs.ValorNa(cAtu)), CDbl(rs.ValorNa(cBloq))});
+        saldos.emplace(AparaVista(TextoDe(rs.ValorNa(cItem), apoio)),
+                       Saldo{CDbl(rs.ValorNa(cAtu)), CDbl(rs.ValorNa(cBloq))});
     return saldos;
 }
 
@@ -50,7 +52,8 @@ Disponibilidade Calcula(const std::vector<Necessidade>& itens, const SaldoDosPro
     Disponibilidade d;
     d.itens.reserve(itens.size());
     for (const Necessidade& n : itens) {
-        ItemDisponivel i{Apara(n.produto), Apara(n.descricao), n.quantidade, std::nullopt, std::nullopt, false};
+        ItemDisponivel i{std::string(AparaVista(n.produto)), std::string(AparaVista(n.descricao)), n.quantidade,
+                         std::nullopt, std::nullopt, false};
         const auto s = i.produto.empty() ? saldos.end() : saldos.find(i.produto);
         if (s == saldos.end()) {
             i.permite = 0;

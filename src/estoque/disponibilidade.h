@@ -6,15 +6,17 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace ztolvan::estoque {
 
-// One grouping item as the count sees it.
+// One grouping item as the count sees it; the texts are read during the
+// count only (the grid's cells, as they stand).
 struct Necessidade {
-    std::string produto;    // TBMAT CodItem; blank: no registered product
-    std::string descricao;
+    std::string_view produto; // TBMAT CodItem; blank: no registered product
+    std::string_view descricao;
     double quantidade = 0;  // per grouping
 };
 

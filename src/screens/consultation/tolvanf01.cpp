@@ -908,7 +908,7 @@ void TolvanF01::AtualizaDisponibilidade() {
     for (int r = 1; r <= linhas; ++r) {
         if (algumaMarcada && GCon1.TextMatrix(r, ColMarca) != "*") continue;
         itens.push_back({GCon1.TextMatrix(r, ColProduto), GCon1.TextMatrix(r, ColDescricao),
-                         CDbl(Valor(GCon1.TextMatrix(r, ColQtd)))});
+                         TextoParaNumero(GCon1.TextMatrix(r, ColQtd))});
     }
     disponibilidade_ = estoque::Calcula(itens, saldos_);
     LDisponibilidade.Caption = estoque::TextoDisponibilidade(disponibilidade_);
