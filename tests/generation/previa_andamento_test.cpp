@@ -23,11 +23,7 @@ class Previa : public GeracaoDemo {
         for (const char* t : {"TBPAR", "TBPNF", "TBDOC", "TBDOCIT", "TBICM", "TBICMUF", "TBVEN", "TBREP", "TBMAT",
                               "TBMATEQ", "TBMATAG", "TBPEV", "TBPEVIT", "TBPEVDC", "TBPEC", "TBPECIT", "TBCUS",
                               "TBFOR", "TBMATTP", "TBREGSRV"}) {
-            TabelaResultado r;
-            std::string st, msg;
-            ConectorAtual()->Consulta(ComunicaAtual().Conexao, std::string("SELECT * FROM ") + t, r, st, msg);
-            EXPECT_EQ(st, "00") << t << ": " << msg;
-            for (const auto& l : r.linhas) {
+            for (const auto& l : TodasAsLinhas(std::string("SELECT * FROM ") + t)) {
                 std::string s = t;
                 for (const Valor& v : l)
                     s += "|" + CStr(v);

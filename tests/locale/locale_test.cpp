@@ -13,7 +13,6 @@
 #include "common/conversao.h"
 #include "common/formato.h"
 #include "common/regiao.h"
-#include "data/despachante.h"
 #include "generation/geracao_teste.h"
 
 using namespace ztolvan;
@@ -76,23 +75,11 @@ TEST_P(LocaleDoHostGerando, VendaGravaOsMesmosCentavosEmQualquerLocale) {
         ASSERT_TRUE(l.ok()) << nome << " is not installed (scripts/bootstrap generates it)";
         EXPECT_EQ(Gera("V", dados, "000101"), 0) << nome;
     }
-    Comunica& c = ComunicaAtual();
-    PreparaComando("SELECT CodMat2, ValUnit, QtdMat, ValTotal FROM TBPEVIT WHERE Empresa = 1 AND NumPed = 1 "
-                   "ORDER BY Item");
-    ASSERT_EQ(c.Status, "00") << c.Msg;
-    const int16_t cursor = c.Cursor;
     std::vector<std::string> linhas;
-    c.Transacao = "OPEN";
-    c.Dados = std::string();
-    for (ExecutaComunica(); c.Status == "00"; ExecutaComunica()) {
-        linhas.push_back(Apara(CStr(c.Retorno[0])) + " " + EscreveNumero(CDbl(c.Retorno[1])) + " x " +
-                         EscreveNumero(CDbl(c.Retorno[2])) + " = " + EscreveNumero(CDbl(c.Retorno[3])));
-        c.Transacao = "NEXT";
-        c.Cursor = cursor;
-    }
-    c.Transacao = "CLOSE";
-    c.Cursor = cursor;
-    ExecutaComunica();
+    for (const Valor::Lista& l : TodasAsLinhas("SELECT CodMat2, ValUnit, QtdMat, ValTotal FROM TBPEVIT WHERE "
+                                               "Empresa = 1 AND NumPed = 1 ORDER BY Item"))
+        linhas.push_back(Apara(CStr(l[0])) + " " + EscreveNumero(CDbl(l[1])) + " x " + EscreveNumero(CDbl(l[2])) +
+                         " = " + EscreveNumero(CDbl(l[3])));
     constexpr size_t Itens = 13;
     ASSERT_EQ(linhas.size(), Itens * std::size(Locales));
     // The grid's order is the database's (the item statement has none).

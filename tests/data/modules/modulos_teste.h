@@ -52,6 +52,16 @@ class ComEsquema : public SobreOsDoisBancos {
         return c().Status == "00" ? c().Retorno[0] : Valor();
     }
 
+    // Every row of a statement run straight on the database through the
+    // thread's connection.
+    std::vector<Valor::Lista> TodasAsLinhas(const std::string& sql) {
+        TabelaResultado r;
+        std::string status, msg;
+        ConectorAtual()->Consulta(c().Conexao, sql, r, status, msg);
+        EXPECT_EQ(status, "00") << msg << " em " << sql;
+        return std::move(r.linhas);
+    }
+
     // A table as a file made before the tables were STRICT holds it: same
     // columns and rows, any value accepted (file database only).
     void TabelaAntiga(const std::string& t) {

@@ -1,6 +1,6 @@
-// The demo data on both databases: the shapes it promises, refusing a second
-// seeding, the modules reading it. The screens' tests run the item grid's
-// statement over it.
+// The demo data on both databases: the shapes it promises and refusing a
+// second seeding. The screens' and generation's tests read it through the
+// modules.
 #include <gtest/gtest.h>
 
 #include "common/datas.h"
@@ -84,26 +84,6 @@ TEST_P(DadosDemo, SemearDeNovoERecusadoComStatus22) {
     EXPECT_EQ(c().Status, "22");
     EXPECT_NE(msg.find("já tem"), std::string::npos) << msg;
     EXPECT_EQ(Conta("TBMAT"), antes);
-}
-
-TEST_P(DadosDemo, OsModulosLeemOsDadosDeDemonstracao) {
-    ChaveMTBPAR() = {.Empresa = 1};
-    Chama(A_MTBPAR(), MTBPAR, "FSEL001", "REQUERY");
-    EXPECT_EQ(Apara(A_MTBPAR().RazSocial), "Supermercado Bom Preço Ltda");
-    ChaveMTBDOC() = {.Empresa = 1, .Seq = 1};
-    Chama(A_MTBDOC(), MTBDOC, "FSEL001", "REQUERY");
-    EXPECT_EQ(Apara(A_MTBDOC().NumNF), "000123");
-    ChaveMTBPEV() = {.Empresa = 2, .NumPed = 1};
-    Chama(A_MTBPEV(), MTBPEV, "FSEL001", "REQUERY");
-    EXPECT_EQ(A_MTBPEV().UF.str(), "RJ");
-    ChaveMTBFOR() = {.EMPRESA = 1, .CODFORN = 102};
-    Chama(A_MTBFOR(), MTBFOR, "FSEL002", "REQUERY");
-    EXPECT_EQ(A_MTBFOR().FLAGIPI, 2);
-    ChaveMTBCUS() = {.Empresa = 1, .CodMat = "1001", .CodFor = 101};
-    Chama(A_MTBCUS(), MTBCUS, "FSEL001", "REQUERY");
-    EXPECT_GT(A_MTBCUS().PrecoTab, 0);
-    for (auto& ch : gravador->chamadas)
-        EXPECT_EQ(ch.Status, "00") << ch.Transacao << " " << ch.Texto;
 }
 
 ZTOLVAN_NOS_DOIS_BANCOS(DadosDemo);
