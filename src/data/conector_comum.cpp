@@ -48,6 +48,10 @@ void ConectorComum::ZConnectClose(int16_t&) {
 
 void ConectorComum::Processa(int16_t&, std::string& Transacao, int16_t& Cursor, std::string& Status,
                              std::string& Msg, Valor& Dados, Valor& Retorno) {
+    // The last row's storage serves the next one, so a walk over a result
+    // makes no row of its own; a call that brings no row leaves Retorno empty.
+    reserva_ = std::move(Retorno);
+    Retorno = std::string();
     try {
         Msg.clear();
         if (!Conectado()) {
@@ -197,7 +201,13 @@ void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Sta
         return;
     }
     c.posicao = p;
-    Retorno = c.resultado.linhas[static_cast<size_t>(p)];
+    const Valor::Lista& linha = c.resultado.linhas[static_cast<size_t>(p)];
+    if (reserva_.eLista()) {
+        reserva_.lista() = linha;
+        Retorno = std::move(reserva_);
+    } else {
+        Retorno = Valor(linha);
+    }
     Status = status::Ok;
 }
 

@@ -73,6 +73,8 @@ class ConectorComum : public ConectorBD {
     std::vector<std::optional<Cursor>> cursores_; // index = handle
     int16_t conexao_ = 0;
     bool retendo_ = false;
+    Valor reserva_; // the row handed back before this call, reused for the next
+
 };
 
 } // namespace ztolvan

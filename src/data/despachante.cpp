@@ -55,6 +55,7 @@ void Envia(Comunica& c) {
     if (!k) {
         c.Status = status::Falha;
         c.Msg = "Sem conexão com o banco de dados";
+        c.Retorno = std::string();
         return;
     }
     k->Processa(c.Conexao, c.Transacao, c.Cursor, c.Status, c.Msg, c.Dados, c.Retorno);
@@ -102,9 +103,9 @@ void PreparaComando(const std::string& Texto) {
 }
 
 void ExecutaComunica() {
-    Comunica& c = ComunicaAtual();
-    c.Retorno = std::string(); // a stale row never survives a failed call
-    Envia(c);
+    // The connector empties Retorno on every call that brings no row: a
+    // stale row never survives a failed one.
+    Envia(ComunicaAtual());
 }
 
 void FechaConexao() {
