@@ -1,7 +1,6 @@
-// The quotation as the operator prints it: F4 on the consultation screen, the
-// title dialog in its Qt window (offscreen), and the pages of the PDF the Qt
-// printer wrote.
-#include <QTimer>
+// The Qt printer: the quotation's pages in the PDF it wrote, read back. F4
+// and its title dialog are the screens' tests; the whole print through this
+// printer, page by page, is the command line's.
 #include <filesystem>
 #include <regex>
 #include <unistd.h>
@@ -11,7 +10,6 @@
 #include "data/schema/esquema.h"
 #include "entry/sessao.h"
 #include "generation/cotacao/cotacao.h"
-#include "generation/cotacao/tolvanf04.h"
 #include "qt/apoio_qt.h"
 #include "ui/qt/impressora_qt.h"
 #include "screens/consultation/tolvanf01.h"
@@ -33,7 +31,6 @@ class ImpressaoQt : public TelaQt {
         s.Empresa = s.EmpresaConsulta = 1;
         s.TipoPreco = "1";
         s.Origem = s.OrigemTrim = "V"; // every row comes marked
-        InstalaCotacao();
         pdf = (std::filesystem::temp_directory_path() / ("ztolvan-f4-" + std::to_string(getpid()) + ".pdf"))
                   .string();
         setenv("ZTOLVAN_IMPRESSORA", pdf.c_str(), 1);
@@ -46,49 +43,6 @@ class ImpressaoQt : public TelaQt {
     BancoTeste db{Kind::Sqlite};
     std::string pdf;
 };
-
-TEST_F(ImpressaoQt, F4DaConsultaImprimeSessentaItensEmDuasPaginas) {
-    TolvanF01 f;
-    auto v = Abre(f);
-    f.cboPesquisa.Seleciona(1);
-    f.txtPesquisa.Text = "COT60";
-    f.bttPesquisa_Click();
-    v->Sincroniza();
-    ASSERT_EQ(f.GCon1.Rows(), 61);
-
-    // Once the title dialog has the keyboard: a title, Enter to the footer,
-    // a footer, and its print button.
-    bool preenchida = false;
-    QTimer espera;
-    QObject::connect(&espera, &QTimer::timeout, [&] {
-        auto* d = dynamic_cast<VisaoTela*>(QApplication::activeModalWidget());
-        if (!d || d == v.get() || !d->isAncestorOf(QApplication::focusWidget())) return;
-        espera.stop();
-        auto& t = static_cast<TolvanF04&>(d->ModeloTela());
-        Digita("Teste");
-        Tecla(Qt::Key_Return);
-        preenchida = QApplication::focusWidget() == d->WidgetDe(&t.TxRodape);
-        Digita("Obrigado e volte sempre");
-        QTest::mouseClick(d->WidgetDe(&t.bok), Qt::LeftButton);
-    });
-    espera.start(20);
-    mensagens->Responde(msg::RespostaSim);
-    Tecla(Qt::Key_F4);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !espera.isActive(); }, 5000));
-    EXPECT_TRUE(preenchida) << "Enter moves from the title to the footer";
-
-    ASSERT_EQ(mensagens->Mostradas().size(), 2u);
-    EXPECT_EQ(mensagens->Mostradas()[0].Texto, "Deseja imprimir a Cotação?");
-    EXPECT_EQ(mensagens->Mostradas()[1].Texto, "Cotação enviada para o arquivo " + pdf + ".");
-    const std::vector<std::string> paginas = PaginasDoPdf(pdf);
-    ASSERT_EQ(paginas.size(), 2u);
-    EXPECT_EQ(ItensDaPagina(paginas[0]), Sequencia(1, 55));
-    EXPECT_EQ(ItensDaPagina(paginas[1]), Sequencia(56, 60));
-    EXPECT_NE(paginas[0].find("Cotação - Sessenta itens(Teste)"), std::string::npos) << paginas[0];
-    EXPECT_NE(paginas[1].find("Obrigado e volte sempre"), std::string::npos);
-    // "Courier New" is not on the machine: its metric twin printed.
-    EXPECT_NE(Executa("pdffonts '" + pdf + "'").texto.find("LiberationMono"), std::string::npos);
-}
 
 // The matrix-printer setting on a machine without its draft face, and a
 // company that cannot be read (no page header): the columns print in a
