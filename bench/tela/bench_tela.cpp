@@ -129,7 +129,6 @@ template <class F, class G> void Compara(const std::string& caso, F&& componente
     std::fflush(stdout);
 }
 
-
 const char* Listagem = "Select T1.Codigo, T1.DscItem, T1.StTr, T1.CodItem, T1.Nome  From TBMATAG T1  Where "
                        "T1.Empresa = 1 and T1.STTR = '0' And  T1.Codigo >= '0' Group By T1.Codigo, T1.DscItem, "
                        "T1.StTr, T1.CodItem, T1.Nome ";

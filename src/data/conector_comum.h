@@ -74,7 +74,6 @@ class ConectorComum : public ConectorBD {
     int16_t conexao_ = 0;
     bool retendo_ = false;
     Valor reserva_; // the row handed back before this call, reused for the next
-
 };
 
 } // namespace ztolvan

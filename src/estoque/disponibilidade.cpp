@@ -43,8 +43,7 @@ std::optional<SaldoDosProdutos> LeSaldos(int16_t empresa, const std::string& agr
     saldos.reserve(rs.RecordCount());
     std::string apoio;
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
-        saldos.emplace(AparaVista(TextoDe(rs.ValorNa(cItem), apoio)),
-                       Saldo{CDbl(rs.ValorNa(cAtu)), CDbl(rs.ValorNa(cBloq))});
+        saldos.emplace(Apara(TextoDe(rs.ValorNa(cItem), apoio)), Saldo{CDbl(rs.ValorNa(cAtu)), CDbl(rs.ValorNa(cBloq))});
     return saldos;
 }
 
@@ -52,8 +51,7 @@ Disponibilidade Calcula(const std::vector<Necessidade>& itens, const SaldoDosPro
     Disponibilidade d;
     d.itens.reserve(itens.size());
     for (const Necessidade& n : itens) {
-        ItemDisponivel i{std::string(AparaVista(n.produto)), std::string(AparaVista(n.descricao)), n.quantidade,
-                         std::nullopt, std::nullopt, false};
+        ItemDisponivel i{Apara(n.produto), Apara(n.descricao), n.quantidade, std::nullopt, std::nullopt, false};
         const auto s = i.produto.empty() ? saldos.end() : saldos.find(i.produto);
         if (s == saldos.end()) {
             i.permite = 0;

@@ -49,6 +49,14 @@ class BancoTeste {
     std::string esquema_;
 };
 
+// What the recorded messages said, in order.
+inline std::vector<std::string> Textos(const MensagensGravadas& m) {
+    std::vector<std::string> r;
+    for (const auto& x : m.Mostradas())
+        r.push_back(x.Texto);
+    return r;
+}
+
 // Statements the component sent, for tests that check text and order.
 struct Chamada {
     std::string Transacao;

@@ -238,9 +238,7 @@ TEST_P(Geracao, CaminhoDoComandoMarcasMultiplicadorEOrigens) {
     // The multiplier dialog closed with Esc leaves QtdGera at 0.
     janelas->AoMostrar("TolvanF01", [](Tela& t) {
         auto& f = static_cast<TolvanF01&>(t);
-        f.cboPesquisa.Seleciona(1);
-        f.txtPesquisa.Digita("000101");
-        f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+        Busca(f, 1, "000101");
         f.Tecla(&f.GCon1, tecla::Letra('G'), modificador::Ctrl);
     });
     int16_t empresa = 1, opcao = 1, ret = 0, zs = 0, tp = 0;

@@ -28,7 +28,7 @@
 #include "screens/consultation/tolvanf01.h"
 #include "screens/instala.h"
 #include "screens/janelas.h"
-#include "screens/teclas.h"
+#include "screens/tela_teste.h"
 #include "ztolvan/consultalista.h"
 
 namespace ztolvan::teste {
@@ -54,9 +54,7 @@ class GeracaoDemo : public ComComponente {
         auto j = janelas;
         janelas->AoMostrar("TolvanF01", [=](Tela& t) {
             auto& f = static_cast<TolvanF01&>(t);
-            f.cboPesquisa.Seleciona(1);
-            f.txtPesquisa.Digita(grupo);
-            f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
+            Busca(f, 1, grupo);
             if (marca) marca(f);
             j->AoMostrar("TolvanF05", [mult](Tela& d) {
                 auto& q = static_cast<TolvanF05&>(d);

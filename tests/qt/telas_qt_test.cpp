@@ -54,12 +54,6 @@ class TelasQt : public TelaQt {
         vigia->start(10);
     }
     static QWidget* Foco() { return QApplication::focusWidget(); }
-    std::vector<std::string> Textos() const {
-        std::vector<std::string> t;
-        for (const auto& m : mensagens->Mostradas())
-            t.push_back(m.Texto);
-        return t;
-    }
 
     BancoTeste db{Kind::Sqlite};
 };
@@ -107,7 +101,7 @@ TEST_F(TelasQt, PrecosEnterAvancaTeclasDosBotoesEFechaSoPeloEsc) {
     EXPECT_TRUE(estilo.state & QStyle::State_KeyboardFocusChange)
         << "the button Enter went to shows its focus";
     Tecla(Qt::Key_Return);
-    EXPECT_EQ(Textos(), std::vector<std::string>{"A quantidade deve ser informada"}) << "Enter pressed OK";
+    EXPECT_EQ(Textos(*mensagens), std::vector<std::string>{"A quantidade deve ser informada"}) << "Enter pressed OK";
     EXPECT_EQ(Foco(), v->WidgetDe(&f.TxQtdGera));
 
     Tecla(Qt::Key_F11);

@@ -9,7 +9,7 @@
 #include "entry/sessao.h"
 #include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
-#include "screens/teclas.h"
+#include "screens/tela_teste.h"
 
 namespace ztolvan::teste {
 
@@ -45,12 +45,6 @@ template <class Janelas = JanelasModelo> class TelasNoDemo : public ComDemo {
         janelas->AoMostrar("TolvanF01", [acao](Tela& t) { acao(static_cast<TolvanF01&>(t)); });
         TolvanF01 f;
         MostraModal(f);
-    }
-    // The search of the consultation screen: by code (1) or name (2), Enter.
-    static void Busca(TolvanF01& f, int tipo, const std::string& texto) {
-        f.cboPesquisa.Seleciona(tipo);
-        f.txtPesquisa.Digita(texto);
-        f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
     }
 
     std::shared_ptr<Janelas> janelas = std::make_shared<Janelas>();

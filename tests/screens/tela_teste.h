@@ -7,6 +7,7 @@
 #include "common/mensagens.h"
 #include "common/portas.h"
 #include "screens/auxiliary/tolvanf02.h"
+#include "screens/consultation/tolvanf01.h"
 #include "screens/janelas.h"
 #include "screens/teclas.h"
 
@@ -33,6 +34,13 @@ inline void EscolheNaLista(JanelasModelo& janelas, std::string inicio) {
         l.ListIndex = static_cast<int>(it - l.Itens.begin());
         t.Tecla(&l, tecla::Enter, 0);
     });
+}
+
+// The consultation screen's search: by code (1) or name (2), then Enter.
+inline void Busca(TolvanF01& f, int tipo, const std::string& texto) {
+    f.cboPesquisa.Seleciona(tipo);
+    f.txtPesquisa.Digita(texto);
+    f.Tecla(&f.txtPesquisa, tecla::Enter, 0);
 }
 
 } // namespace ztolvan::teste

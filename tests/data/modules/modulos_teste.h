@@ -28,12 +28,7 @@ class ComEsquema : public SobreOsDoisBancos {
     Comunica& c() { return ComunicaAtual(); }
     const std::vector<MensagemMostrada>& Mostradas() { return db->mensagens->Mostradas(); }
     std::vector<std::string> Palavras() { return gravador->Palavras(); }
-    std::vector<std::string> Textos() {
-        std::vector<std::string> r;
-        for (const auto& m : Mostradas())
-            r.push_back(m.Texto);
-        return r;
-    }
+    std::vector<std::string> Textos() { return teste::Textos(*db->mensagens); }
     // A setting of operator TESTE, replacing any earlier value.
     void Ajuste(const std::string& chave, const std::string& valor) {
         db->Direto("DELETE FROM TBREGSRV WHERE USUARIO = 'TESTE' AND CHAVE = '" + chave + "'");
