@@ -38,6 +38,7 @@ class Valor {
     int64_t inteiro() const { return std::get<int64_t>(v_); }
     double duplo() const { return std::get<double>(v_); }
     const std::string& texto() const { return std::get<std::string>(v_); }
+    std::string& texto() { return std::get<std::string>(v_); }
     bool logico() const { return std::get<bool>(v_); }
     const Lista& lista() const { return std::get<Lista>(v_); }
     Lista& lista() { return std::get<Lista>(v_); }

@@ -17,9 +17,8 @@ size_t RecordSet::Indice(const std::string& nome) const {
 
 const Valor& RecordSet::ValorNa(size_t indice) const {
     if (Eof()) throw ErroExecucao(3021, "Não há registro atual");
-    const auto& linha = tabela_.linhas[posicao_];
-    if (indice >= linha.size()) throw ErroExecucao(3265, "Item não encontrado nesta coleção");
-    return linha[indice];
+    if (indice >= atual_.size()) throw ErroExecucao(3265, "Item não encontrado nesta coleção");
+    return atual_[indice];
 }
 
 bool clsBancoDados::fcAbreBancoDadosVeltra(int16_t) { return ConectorAtual() != nullptr; }

@@ -15,7 +15,7 @@ struct Campo {
 class RecordSet {
   public:
     RecordSet() = default;
-    explicit RecordSet(TabelaResultado t) : tabela_(std::move(t)) {}
+    explicit RecordSet(TabelaResultado t) : tabela_(std::move(t)) { Le(); }
     bool Eof() const { return posicao_ >= tabela_.linhas.size(); }
     // Column by name, any case; ErroExecucao 3265-like when there is no such
     // column or no current row.
@@ -24,15 +24,26 @@ class RecordSet {
     // (same error as Fields when there is none), and a field by position.
     size_t Indice(const std::string& nome) const;
     const Valor& ValorNa(size_t indice) const;
-    void MoveFirst() { posicao_ = 0; }
+    void MoveFirst() {
+        posicao_ = 0;
+        Le();
+    }
     void MoveNext() {
-        if (!Eof()) ++posicao_;
+        if (Eof()) return;
+        ++posicao_;
+        Le();
     }
     size_t RecordCount() const { return tabela_.linhas.size(); }
 
   private:
+    // The current row made into values once, for every field read of it.
+    void Le() {
+        if (!Eof()) tabela_.linhas.Copia(posicao_, atual_);
+    }
+
     TabelaResultado tabela_;
     size_t posicao_ = 0;
+    Valor::Lista atual_;
 };
 
 struct ResultadoComando {

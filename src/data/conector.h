@@ -4,13 +4,14 @@
 #include <vector>
 
 #include "common/valor.h"
+#include "data/linhas_lidas.h"
 
 namespace ztolvan {
 
 // A buffered result with its column names, for the database object's record set.
 struct TabelaResultado {
     std::vector<std::string> colunas;
-    std::vector<Valor::Lista> linhas;
+    LinhasLidas linhas;
 };
 
 // The suite's database connector. The three operations of the contract take

@@ -172,7 +172,7 @@ void ConectorComum::Roda(Cursor& c, const Valor& dados, std::string& Status, std
               ") diferente do número de parâmetros (" + std::to_string(c.comando->Parametros()) + ")";
         return;
     }
-    c.resultado.linhas.clear();
+    c.resultado.linhas.Inicia(0);
     c.posicao = -1;
     c.aberto = false;
     Status = Executa(*c.comando, valores, c.resultado, false, Msg);
@@ -201,13 +201,9 @@ void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Sta
         return;
     }
     c.posicao = p;
-    const Valor::Lista& linha = c.resultado.linhas[static_cast<size_t>(p)];
-    if (reserva_.eLista()) {
-        reserva_.lista() = linha;
-        Retorno = std::move(reserva_);
-    } else {
-        Retorno = Valor(linha);
-    }
+    if (!reserva_.eLista()) reserva_ = Valor(Valor::Lista{});
+    c.resultado.linhas.Copia(static_cast<size_t>(p), reserva_.lista());
+    Retorno = std::move(reserva_);
     Status = status::Ok;
 }
 

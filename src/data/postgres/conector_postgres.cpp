@@ -57,25 +57,26 @@ bool SoLe(const std::string& texto) {
            palavra == "EXPLAIN";
 }
 
-Valor Coluna(const PGresult* r, int linha, int col) {
-    if (PQgetisnull(r, linha, col)) return Valor();
+// One value of a result, by the column's type, onto the rows read.
+void LeColuna(const PGresult* r, int linha, int col, LinhasLidas& linhas) {
+    if (PQgetisnull(r, linha, col)) return linhas.Nulo();
     const char* v = PQgetvalue(r, linha, col);
     switch (PQftype(r, col)) {
     case 16: // bool
-        return Valor(static_cast<int64_t>(v[0] == 't' ? 1 : 0));
+        return linhas.Inteiro(v[0] == 't' ? 1 : 0);
     case 20: // int8
     case 21: // int2
     case 23: // int4
-        return Valor(static_cast<int64_t>(std::strtoll(v, nullptr, 10)));
+        return linhas.Inteiro(std::strtoll(v, nullptr, 10));
     case 700:  // float4
     case 701:  // float8
     case 1700: { // numeric
         double d = 0.0;
         LeNumero(v, d);
-        return Valor(d);
+        return linhas.Duplo(d);
     }
     default:
-        return Valor(std::string(v, static_cast<size_t>(PQgetlength(r, linha, col))));
+        return linhas.Texto(std::string_view(v, static_cast<size_t>(PQgetlength(r, linha, col))));
     }
 }
 
@@ -294,14 +295,10 @@ std::string ConectorPostgres::Le(ComandoPg& c, const PGresult* r, TabelaResultad
         if (comColunas)
             for (int j = 0; j < ncol; ++j)
                 tabela.colunas.emplace_back(PQfname(r, j));
-        tabela.linhas.reserve(static_cast<size_t>(nlin));
-        for (int i = 0; i < nlin; ++i) {
-            Valor::Lista linha;
-            linha.reserve(static_cast<size_t>(ncol));
+        tabela.linhas.Inicia(static_cast<size_t>(ncol));
+        for (int i = 0; i < nlin; ++i)
             for (int j = 0; j < ncol; ++j)
-                linha.push_back(Coluna(r, i, j));
-            tabela.linhas.push_back(std::move(linha));
-        }
+                LeColuna(r, i, j, tabela.linhas);
     }
     return status::Ok;
 }

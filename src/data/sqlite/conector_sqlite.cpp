@@ -52,17 +52,18 @@ std::string ConectorSqlite::TraduzDialeto(const std::string& texto) {
 
 namespace {
 
-Valor Coluna(sqlite3_stmt* st, int i) {
+// One value of the current row, by its storage class, onto the rows read.
+void LeColuna(sqlite3_stmt* st, int i, LinhasLidas& linhas) {
     switch (sqlite3_column_type(st, i)) {
     case SQLITE_INTEGER:
-        return Valor(static_cast<int64_t>(sqlite3_column_int64(st, i)));
+        return linhas.Inteiro(sqlite3_column_int64(st, i));
     case SQLITE_FLOAT:
-        return Valor(sqlite3_column_double(st, i));
+        return linhas.Duplo(sqlite3_column_double(st, i));
     case SQLITE_NULL:
-        return Valor();
+        return linhas.Nulo();
     default: {
         const auto* p = reinterpret_cast<const char*>(sqlite3_column_text(st, i));
-        return Valor(std::string(p ? p : "", static_cast<size_t>(sqlite3_column_bytes(st, i))));
+        return linhas.Texto(std::string_view(p ? p : "", static_cast<size_t>(sqlite3_column_bytes(st, i))));
     }
     }
 }
@@ -280,14 +281,11 @@ std::string ConectorSqlite::Executa(Comando& comando, const Valor::Lista& valore
         for (int i = 0; i < ncol; ++i)
             tabela.colunas.emplace_back(sqlite3_column_name(st, i));
     }
+    tabela.linhas.Inicia(static_cast<size_t>(ncol));
     int rc;
-    while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
-        Valor::Lista linha;
-        linha.reserve(static_cast<size_t>(ncol));
+    while ((rc = sqlite3_step(st)) == SQLITE_ROW)
         for (int i = 0; i < ncol; ++i)
-            linha.push_back(Coluna(st, i));
-        tabela.linhas.push_back(std::move(linha));
-    }
+            LeColuna(st, i, tabela.linhas);
     std::string r = rc == SQLITE_DONE ? status::Ok : Falha(rc, msg);
     sqlite3_reset(st);
     return r;

@@ -54,7 +54,10 @@ class ComEsquema : public SobreOsDoisBancos {
         std::string status, msg;
         ConectorAtual()->Consulta(c().Conexao, sql, r, status, msg);
         EXPECT_EQ(status, "00") << msg << " em " << sql;
-        return std::move(r.linhas);
+        std::vector<Valor::Lista> linhas;
+        for (size_t l = 0; l < r.linhas.size(); ++l)
+            linhas.push_back(r.linhas[l]);
+        return linhas;
     }
 
     // A table as a file made before the tables were STRICT holds it: same

@@ -96,8 +96,8 @@ TEST_P(Esquema, AListagemEABuscaPorNomeDoAgrupamentoLeemUmIndice) {
                                   msg);
         ASSERT_EQ(st, "00") << msg;
         std::string texto;
-        for (const auto& l : plano.linhas)
-            texto += CStr(l.back()) + "\n";
+        for (size_t l = 0; l < plano.linhas.size(); ++l)
+            texto += CStr(plano.linhas[l].back()) + "\n";
         EXPECT_NE(Maiusculas(texto).find("IX_TBMATAG_LISTA"), std::string::npos) << sql << "\n" << texto;
         if (sqlite) {
             EXPECT_EQ(texto.find("TEMP B-TREE FOR GROUP BY"), std::string::npos) << texto;

@@ -1,0 +1,49 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/valor.h"
+
+namespace ztolvan {
+
+// The rows of a result as the database gave them: every cell in one list and
+// every text in one buffer, so that reading many rows allocates nothing per
+// row or per value. A row becomes values only when someone reads it.
+class LinhasLidas {
+  public:
+    // Empties the rows; each row from now on has 'colunas' cells.
+    void Inicia(size_t colunas);
+    // The next cell of the row being read, in column order.
+    void Texto(std::string_view t);
+    void Inteiro(int64_t v);
+    void Duplo(double v);
+    void Nulo();
+
+    size_t size() const { return colunas_ ? celulas_.size() / colunas_ : 0; }
+    bool empty() const { return size() == 0; }
+    // Row 'linha' into 'destino', whose values keep their storage.
+    void Copia(size_t linha, Valor::Lista& destino) const;
+    Valor::Lista operator[](size_t linha) const;
+    Valor Celula(size_t linha, size_t coluna) const;
+
+  private:
+    struct Cel {
+        Valor::Tipo tipo;
+        uint32_t tamanho; // a text's length
+        union {
+            int64_t inteiro;
+            double duplo;
+            size_t inicio; // a text's start in texto_
+        };
+    };
+    void Poe(const Cel& c, Valor& v) const;
+
+    size_t colunas_ = 0;
+    std::vector<Cel> celulas_;
+    std::string texto_;
+};
+
+} // namespace ztolvan
