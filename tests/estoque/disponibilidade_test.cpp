@@ -24,7 +24,7 @@ namespace {
 // need); the count is the smallest among registered items that need stock.
 TEST(Disponibilidade, CasosTrabalhados) {
     const SaldoDosProdutos saldos = {{"ARROZ", {20, 0}},   {"FEIJAO", {57, 2}}, {"CAFE", {10, 10}},
-                                     {"OLEO", {7.5, 0}},   {"SAL", {-4, 0}},    {"LEITE", {0.9, 0}}};
+                                     {"OLEO", {7.5, 0}},   {"SAL", {-4, 0}},    {"LEITE", {0.3, 0}}};
     struct Caso {
         const char* nome;
         std::vector<Necessidade> itens;
@@ -58,8 +58,8 @@ TEST(Disponibilidade, CasosTrabalhados) {
          0,
          {"Sal"},
          "Estoque não atende nenhum agrupamento completo; limitado por Sal"},
-        {"0.9 / 0.3 is 3, not 2.999",
-         {{"LEITE", "Leite", 0.3}},
+        {"0.3 / 0.1 is 3, though the quotient is 2.9999999999999996",
+         {{"LEITE", "Leite", 0.1}},
          3,
          {"Leite"},
          "Estoque atende 3 agrupamentos completos; limitado por Leite"},
