@@ -23,6 +23,7 @@
 #include "screens/twips.h"
 #include "ui/qt/comum_qt.h"
 #include "ui/qt/controles_qt.h"
+#include "ui/qt/delegado_grade.h"
 #include "ui/qt/modelo_grade.h"
 #include "ui/qt/teclas_qt.h"
 
@@ -234,6 +235,7 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
         auto* g = static_cast<Grade*>(pc);
         i.grade = new ModeloGrade(*g, v);
         v->setModel(i.grade);
+        v->setItemDelegate(new DelegadoGrade(v));
         v->setSelectionBehavior(QAbstractItemView::SelectRows);
         v->setSelectionMode(QAbstractItemView::SingleSelection);
         v->setEditTriggers(QAbstractItemView::NoEditTriggers);
