@@ -193,9 +193,12 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
     db->Direto(
         "UPDATE TBCUS SET PrecoTab = 200, Desc1 = 10, Desc2 = 0, IPI = 12, ICMS = 7, Frete = 5, "
         "Emb = 2, FreteEmbut = 0, Seguro = 1.5 WHERE Empresa = 1 AND CodMat = '1001' AND CodFor = 101");
+    // 1002 has no substitution: no base, and its cost record's IPI is not taken.
+    db->Direto("UPDATE TBMATEQ SET SitTrib = '1', IPI = 4 WHERE Empresa = 1 AND CodItem = '1002'");
+    db->Direto("UPDATE TBCUS SET IPI = 9 WHERE Empresa = 1 AND CodMat = '1002' AND CodFor = 101");
     const Valor dados = Valor::Lista{1102, 101};
     // 1009 has no cost with supplier 101: generated at 0, and said so.
-    EXPECT_EQ(Gera("C", dados, "000101", 2, Linhas({"1001", "1009"})), 0);
+    EXPECT_EQ(Gera("C", dados, "000101", 2, Linhas({"1001", "1002", "1009"})), 0);
     // 200 less 10%; IPI the cost record's once the base is worked out;
     // ordinary rates 18 (codes 1 and 4): 3600 / 18 / 100 x 100 - 100; freight
     // 9, packing 3.6, ipi (180 + 3.6) x 12% = 22.032: base 2 x (180 + 9 + 22.032) x 2.
@@ -210,7 +213,11 @@ TEST_P(Geracao, CompraPeloCustoLiquidoComBaseDeSubstituicao) {
     A_MTBPECIT_t l;
     ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 10"));
     Compara(e, l);
-    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND Item = 20"));
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND CodMat2 = '1002'"));
+    EXPECT_GT(l.ValUnit, 0);
+    EXPECT_EQ(l.PercIPI, 4);
+    EXPECT_EQ(l.BaseIcmsSub, 0);
+    ASSERT_TRUE(Le(l, "TBPECIT", "Empresa = 1 AND NumPed = 1 AND CodFor = 101 AND CodMat2 = '1009'"));
     EXPECT_EQ(l.ValUnit, 0);
     EXPECT_EQ(l.PrecoTab, 0);
     ASSERT_EQ(Mostradas().size(), 1u);
