@@ -3,6 +3,7 @@
 namespace ztolvan {
 
 void LinhasLidas::Inicia(size_t colunas) {
+    fonte_.reset();
     colunas_ = colunas;
     celulas_.clear();
     texto_.clear();
@@ -32,10 +33,7 @@ void LinhasLidas::Nulo() { celulas_.push_back(Cel{Valor::Tipo::Vazio, 0, {}}); }
 void LinhasLidas::Poe(const Cel& c, Valor& v) const {
     switch (c.tipo) {
     case Valor::Tipo::Texto:
-        if (v.eTexto())
-            v.texto().assign(texto_, c.inicio, c.tamanho);
-        else
-            v = Valor(std::string_view(texto_).substr(c.inicio, c.tamanho));
+        PoeTexto(v, std::string_view(texto_).substr(c.inicio, c.tamanho));
         return;
     case Valor::Tipo::Inteiro:
         v = Valor(c.inteiro);
@@ -48,7 +46,15 @@ void LinhasLidas::Poe(const Cel& c, Valor& v) const {
     }
 }
 
+void LinhasLidas::PoeTexto(Valor& v, std::string_view t) {
+    if (v.eTexto())
+        v.texto().assign(t);
+    else
+        v = Valor(t);
+}
+
 void LinhasLidas::Copia(size_t linha, Valor::Lista& destino) const {
+    if (fonte_) return fonte_->Copia(linha, destino);
     destino.resize(colunas_);
     const Cel* c = celulas_.data() + linha * colunas_;
     for (size_t i = 0; i < colunas_; ++i)
@@ -62,6 +68,7 @@ Valor::Lista LinhasLidas::operator[](size_t linha) const {
 }
 
 Valor LinhasLidas::Celula(size_t linha, size_t coluna) const {
+    if (fonte_) return (*this)[linha][coluna];
     Valor v;
     Poe(celulas_[linha * colunas_ + coluna], v);
     return v;

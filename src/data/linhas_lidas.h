@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,20 +15,37 @@ namespace ztolvan {
 // row or per value. A row becomes values only when someone reads it.
 class LinhasLidas {
   public:
+    // Rows a database kind keeps in its own form (a server's whole result,
+    // already in memory), made into values one row at a time.
+    class Fonte {
+      public:
+        virtual ~Fonte() = default;
+        virtual size_t Linhas() const = 0;
+        virtual void Copia(size_t linha, Valor::Lista& destino) const = 0;
+    };
+
     // Empties the rows; each row from now on has 'colunas' cells.
     void Inicia(size_t colunas);
+    // The rows are the source's from now on.
+    void Adota(std::unique_ptr<Fonte> fonte) { fonte_ = std::move(fonte); }
     // The next cell of the row being read, in column order.
     void Texto(std::string_view t);
     void Inteiro(int64_t v);
     void Duplo(double v);
     void Nulo();
 
-    size_t size() const { return colunas_ ? celulas_.size() / colunas_ : 0; }
+    size_t size() const {
+        if (fonte_) return fonte_->Linhas();
+        return colunas_ ? celulas_.size() / colunas_ : 0;
+    }
     bool empty() const { return size() == 0; }
     // Row 'linha' into 'destino', whose values keep their storage.
     void Copia(size_t linha, Valor::Lista& destino) const;
     Valor::Lista operator[](size_t linha) const;
     Valor Celula(size_t linha, size_t coluna) const;
+
+    // A text into a value, which keeps its storage when it holds a text.
+    static void PoeTexto(Valor& v, std::string_view t);
 
   private:
     struct Cel {
@@ -41,6 +59,7 @@ class LinhasLidas {
     };
     void Poe(const Cel& c, Valor& v) const;
 
+    std::unique_ptr<Fonte> fonte_;
     size_t colunas_ = 0;
     std::vector<Cel> celulas_;
     std::string texto_;

@@ -57,28 +57,66 @@ bool SoLe(const std::string& texto) {
            palavra == "EXPLAIN";
 }
 
-// One value of a result, by the column's type, onto the rows read.
-void LeColuna(const PGresult* r, int linha, int col, LinhasLidas& linhas) {
-    if (PQgetisnull(r, linha, col)) return linhas.Nulo();
-    const char* v = PQgetvalue(r, linha, col);
-    switch (PQftype(r, col)) {
-    case 16: // bool
-        return linhas.Inteiro(v[0] == 't' ? 1 : 0);
-    case 20: // int8
-    case 21: // int2
-    case 23: // int4
-        return linhas.Inteiro(std::strtoll(v, nullptr, 10));
-    case 700:  // float4
-    case 701:  // float8
-    case 1700: { // numeric
-        double d = 0.0;
-        LeNumero(v, d);
-        return linhas.Duplo(d);
+// A server's result, whole in memory, kept as it came: each row is made into
+// values when it is read, each value by its column's type.
+class ResultadoPg final : public LinhasLidas::Fonte {
+  public:
+    explicit ResultadoPg(Resultado r) : r_(std::move(r)) {
+        for (int j = 0; j < PQnfields(r_.get()); ++j)
+            tipos_.push_back(TipoDe(PQftype(r_.get(), j)));
     }
-    default:
-        return linhas.Texto(std::string_view(v, static_cast<size_t>(PQgetlength(r, linha, col))));
+    size_t Linhas() const override { return static_cast<size_t>(PQntuples(r_.get())); }
+    void Copia(size_t linha, Valor::Lista& destino) const override {
+        const PGresult* r = r_.get();
+        const int i = static_cast<int>(linha);
+        destino.resize(tipos_.size());
+        for (int j = 0; j < static_cast<int>(tipos_.size()); ++j) {
+            Valor& v = destino[static_cast<size_t>(j)];
+            if (PQgetisnull(r, i, j)) {
+                v = Valor();
+                continue;
+            }
+            const char* t = PQgetvalue(r, i, j);
+            switch (tipos_[static_cast<size_t>(j)]) {
+            case Tipo::Logico:
+                v = Valor(static_cast<int64_t>(t[0] == 't' ? 1 : 0));
+                break;
+            case Tipo::Inteiro:
+                v = Valor(static_cast<int64_t>(std::strtoll(t, nullptr, 10)));
+                break;
+            case Tipo::Numero: {
+                double d = 0.0;
+                LeNumero(t, d);
+                v = Valor(d);
+                break;
+            }
+            case Tipo::Texto:
+                LinhasLidas::PoeTexto(v, std::string_view(t, static_cast<size_t>(PQgetlength(r, i, j))));
+            }
+        }
     }
-}
+
+  private:
+    enum class Tipo { Logico, Inteiro, Numero, Texto };
+    static Tipo TipoDe(Oid tipo) {
+        switch (tipo) {
+        case 16: // bool
+            return Tipo::Logico;
+        case 20: // int8
+        case 21: // int2
+        case 23: // int4
+            return Tipo::Inteiro;
+        case 700:  // float4
+        case 701:  // float8
+        case 1700: // numeric
+            return Tipo::Numero;
+        default:
+            return Tipo::Texto;
+        }
+    }
+    Resultado r_;
+    std::vector<Tipo> tipos_;
+};
 
 std::string TextoParametro(const Valor& v) {
     switch (v.tipo()) {
@@ -282,23 +320,22 @@ struct ConectorPostgres::Parametros {
 };
 
 // A statement's result as the contract wants it: status, message, rows.
-std::string ConectorPostgres::Le(ComandoPg& c, const PGresult* r, TabelaResultado& tabela, bool comColunas,
+std::string ConectorPostgres::Le(ComandoPg& c, PGresult* resultado, TabelaResultado& tabela, bool comColunas,
                                  std::string& msg) {
-    ExecStatusType est = PQresultStatus(r);
+    Resultado r = Envolve(resultado);
+    ExecStatusType est = PQresultStatus(r.get());
     if (c.avulso) c.consulta = est == PGRES_TUPLES_OK;
     if (est != PGRES_TUPLES_OK && est != PGRES_COMMAND_OK) {
-        msg = MensagemDe(conn_, r);
-        return StatusDe(r);
+        msg = MensagemDe(conn_, r.get());
+        return StatusDe(r.get());
     }
     if (est == PGRES_TUPLES_OK) {
-        const int nlin = PQntuples(r), ncol = PQnfields(r);
+        const int ncol = PQnfields(r.get());
         if (comColunas)
             for (int j = 0; j < ncol; ++j)
-                tabela.colunas.emplace_back(PQfname(r, j));
+                tabela.colunas.emplace_back(PQfname(r.get(), j));
         tabela.linhas.Inicia(static_cast<size_t>(ncol));
-        for (int i = 0; i < nlin; ++i)
-            for (int j = 0; j < ncol; ++j)
-                LeColuna(r, i, j, tabela.linhas);
+        tabela.linhas.Adota(std::make_unique<ResultadoPg>(std::move(r)));
     }
     return status::Ok;
 }
@@ -311,7 +348,7 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
     auto r = Envolve(c.avulso ? PQexecParams(conn_, c.texto.c_str(), p.n(), nullptr, p.ptrs.data(), nullptr,
                                              nullptr, 0)
                               : PQexecPrepared(conn_, c.nome.c_str(), p.n(), p.ptrs.data(), nullptr, nullptr, 0));
-    return Le(c, r.get(), tabela, comColunas, msg);
+    return Le(c, r.release(), tabela, comColunas, msg);
 }
 
 // The statement between two command words (BEGIN before it; SAVEPOINT before
@@ -347,7 +384,7 @@ std::string ConectorPostgres::RodaEntre(std::span<const char* const> antes, Coma
             while (PGresult* resto = PQgetResult(conn_))
                 PQclear(resto);
         if (i == comando) {
-            st = Le(c, r.get(), tabela, comColunas, msg);
+            st = Le(c, r.release(), tabela, comColunas, msg);
         } else if (i < comando && falhaAntes.empty() && PQresultStatus(r.get()) != PGRES_COMMAND_OK &&
                    PQresultStatus(r.get()) != PGRES_TUPLES_OK) {
             falhaAntes = MensagemDe(conn_, r.get());

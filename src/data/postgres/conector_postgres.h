@@ -54,7 +54,8 @@ class ConectorPostgres : public ConectorComum {
                      std::string& msg);
     std::string RodaEntre(std::span<const char* const> antes, ComandoPg& c, const Valor::Lista& valores,
                           const char* depois, TabelaResultado& tabela, bool comColunas, std::string& msg);
-    std::string Le(ComandoPg& c, const PGresult* r, TabelaResultado& tabela, bool comColunas, std::string& msg);
+    // Takes 'r' over: a query's rows stay in it, read a row at a time.
+    std::string Le(ComandoPg& c, PGresult* r, TabelaResultado& tabela, bool comColunas, std::string& msg);
 
     static std::atomic<uint64_t> idasEVoltas_;
     PGconn* conn_ = nullptr;
