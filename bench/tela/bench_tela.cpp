@@ -40,7 +40,7 @@ namespace {
 constexpr int Agrupamentos = 10000;
 constexpr int ItensPorAgrupamento = 5;
 constexpr int ItensGrande = 2000;
-constexpr int Rodadas = 9;
+constexpr int Rodadas = 21;
 
 // The same rows on either database, written by set statements: groupings
 // AG000000.. of 5 items, and GRANDE with its products and equivalences.
