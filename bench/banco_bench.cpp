@@ -43,7 +43,9 @@ SqliteBench::SqliteBench() {
     arquivo_ = (pasta_ / "bench.db").string();
     std::string msg;
     if (!ConectorSqlite::CriaArquivo(arquivo_, msg)) throw std::runtime_error(msg);
-    sqlite3_open(arquivo_.c_str(), &db);
+    // Opened as the component opens its own: one thread per connection, no
+    // mutex around each call.
+    sqlite3_open_v2(arquivo_.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     ExecSqlite(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;");
 }
 
