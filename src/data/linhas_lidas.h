@@ -10,9 +10,10 @@
 
 namespace ztolvan {
 
-// The rows of a result as the database gave them: every cell in one list and
-// every text in one buffer, so that reading many rows allocates nothing per
-// row or per value. A row becomes values only when someone reads it.
+// The rows of a result as the database gave them; a row becomes values only
+// when someone reads it. Either every cell in one list and every text in one
+// buffer, so that reading many rows allocates nothing per row or per value,
+// or a database kind's own result, kept whole (Fonte).
 class LinhasLidas {
   public:
     // Rows a database kind keeps in its own form (a server's whole result,
