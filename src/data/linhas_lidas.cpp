@@ -67,11 +67,4 @@ Valor::Lista LinhasLidas::operator[](size_t linha) const {
     return r;
 }
 
-Valor LinhasLidas::Celula(size_t linha, size_t coluna) const {
-    if (fonte_) return (*this)[linha][coluna];
-    Valor v;
-    Poe(celulas_[linha * colunas_ + coluna], v);
-    return v;
-}
-
 } // namespace ztolvan

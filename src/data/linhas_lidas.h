@@ -43,7 +43,6 @@ class LinhasLidas {
     // Row 'linha' into 'destino', whose values keep their storage.
     void Copia(size_t linha, Valor::Lista& destino) const;
     Valor::Lista operator[](size_t linha) const;
-    Valor Celula(size_t linha, size_t coluna) const;
 
     // A text into a value, which keeps its storage when it holds a text.
     static void PoeTexto(Valor& v, std::string_view t);

@@ -143,7 +143,7 @@ bool TornaEstritas(std::string& msg) {
         if (!Linhas(std::string("SELECT strict FROM pragma_table_list WHERE name = '") + t.nome + "' COLLATE NOCASE",
                     r, msg))
             return false;
-        if (r.linhas.empty() || CInt(r.linhas.Celula(0, 0)) != 0) continue;
+        if (r.linhas.empty() || CInt(r.linhas[0][0]) != 0) continue;
         const std::string nova = std::string(t.nome) + "_ESTRITA";
         if (!ExecutaTexto(CreateTable(t, Dialeto::Sqlite, nova), msg)) return false;
         std::string colunas;
@@ -159,7 +159,7 @@ bool TornaEstritas(std::string& msg) {
             TabelaResultado ids;
             if (!Linhas(std::string("SELECT rowid FROM ") + t.nome + " ORDER BY rowid", ids, msg)) return false;
             for (size_t l = 0; l < ids.linhas.size(); ++l) {
-                const std::string id = CStr(ids.linhas.Celula(l, 0));
+                const std::string id = CStr(ids.linhas[l][0]);
                 if (!ExecutaTexto(copia + " WHERE rowid = " + id, erro))
                     recusadas.push_back(std::string(t.nome) + " linha " + id + ": " + ComunicaAtual().Msg);
             }
