@@ -21,7 +21,7 @@ void DelegadoGrade::paint(QPainter* p, const QStyleOptionViewItem& opcao, const 
     p->setPen(opcao.palette.color(grupo, selecionada ? QPalette::HighlightedText : QPalette::Text));
     p->setFont(opcao.font);
     const auto alinhamento = Qt::Alignment(i.data(Qt::TextAlignmentRole).toInt());
-    p->drawText(opcao.rect.adjusted(margem, 0, -margem, 0), int(alinhamento) | Qt::TextSingleLine, texto);
+    p->drawText(opcao.rect.adjusted(margem, 1, -margem, -1), int(alinhamento) | Qt::TextSingleLine, texto);
 }
 
 } // namespace ztolvan
