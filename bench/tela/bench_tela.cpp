@@ -76,18 +76,20 @@ void Semeia(const std::function<void(const std::string&)>& exec, bool sqlite) {
     exec(sqlite ? "ANALYZE" : "VACUUM ANALYZE TBMATAG");
 }
 
-// Steps a statement straight through sqlite3, every column's text read;
-// the rows read.
+// Steps a statement straight through sqlite3, every column's text read
+// where the statement holds it (the connection has no mutex to take); the
+// rows read.
 int PassoSqlite(sqlite3* db, const std::string& sql) {
     sqlite3_stmt* st = nullptr;
     if (sqlite3_prepare_v2(db, sql.c_str(), -1, &st, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(db));
     int linhas = 0;
     size_t bytes = 0;
+    const int colunas = sqlite3_column_count(st);
     while (sqlite3_step(st) == SQLITE_ROW) {
-        for (int c = 0; c < sqlite3_column_count(st); ++c) {
-            const unsigned char* t = sqlite3_column_text(st, c);
-            if (t) bytes += static_cast<size_t>(sqlite3_column_bytes(st, c));
+        for (int c = 0; c < colunas; ++c) {
+            sqlite3_value* v = sqlite3_column_value(st, c);
+            if (sqlite3_value_text(v)) bytes += static_cast<size_t>(sqlite3_value_bytes(v));
         }
         ++linhas;
     }

@@ -15,6 +15,27 @@ const Valor::Lista& ValoresDe(const Valor& dados) {
 
 std::string MsgSemConexao() { return "Sem conexão com o banco de dados"; }
 
+struct PalavraConhecida {
+    const char* texto;
+    ConectorComum::Palavra palavra;
+};
+
+// A call's command word, in any case and with spaces around it, known once
+// per call: a walk of many NEXT makes no text and compares no list of words.
+ConectorComum::Palavra Classifica(std::string_view transacao) {
+    using P = ConectorComum::Palavra;
+    static constexpr PalavraConhecida conhecidas[] = {
+        {"NEXT", P::Next},         {"PREV", P::Prev},       {"FIRST", P::First},     {"LAST", P::Last},
+        {"OPEN", P::Open},         {"CLOSE", P::Close},     {"EXECUTE", P::Execute}, {"REQUERY", P::Requery},
+        {"PREPARE", P::Prepare},   {"COMMIT", P::Commit},   {"ROLLBACK", P::Rollback},
+        {"#INSERT", P::SemSuporte}, {"#UPDATE", P::SemSuporte}, {"#DELETE", P::SemSuporte},
+    };
+    const std::string_view w = AparaVista(transacao);
+    for (const auto& c : conhecidas)
+        if (IguaisSemCaixa(w, c.texto)) return c.palavra;
+    return P::Desconhecida;
+}
+
 } // namespace
 
 void ConectorComum::ZConnectOpen(std::string& Servidor, std::string& Banco, std::string& Usuario,
@@ -59,7 +80,7 @@ void ConectorComum::Processa(int16_t&, std::string& Transacao, int16_t& Cursor, 
             Msg = MsgSemConexao();
             return;
         }
-        ProcessaPalavra(Normaliza(Transacao), Cursor, Status, Msg, Dados, Retorno);
+        ProcessaPalavra(Classifica(Transacao), Transacao, Cursor, Status, Msg, Dados, Retorno);
     } catch (const std::exception& e) {
         Status = status::Falha;
         Msg = e.what();
@@ -69,9 +90,9 @@ void ConectorComum::Processa(int16_t&, std::string& Transacao, int16_t& Cursor, 
     }
 }
 
-void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor, std::string& Status,
-                                    std::string& Msg, Valor& Dados, Valor& Retorno) {
-    if (palavra == "PREPARE") {
+void ConectorComum::ProcessaPalavra(Palavra palavra, const std::string& transacao, int16_t& Cursor,
+                                    std::string& Status, std::string& Msg, Valor& Dados, Valor& Retorno) {
+    if (palavra == Palavra::Prepare) {
         if (!Dados.eTexto()) {
             Status = status::Falha;
             Msg = "PREPARE espera o texto de um comando";
@@ -90,7 +111,7 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
         if (!Cursor) Msg = "Limite de comandos preparados atingido";
         return;
     }
-    if (palavra == "COMMIT") {
+    if (palavra == Palavra::Commit) {
         if (!retendo_) {
             Status = Confirma(Msg);
             return;
@@ -100,16 +121,16 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
         if (Status == status::Ok) Status = ComandoNaUnidade("SAVEPOINT zt_previa", Msg);
         return;
     }
-    if (palavra == "ROLLBACK") {
+    if (palavra == Palavra::Rollback) {
         Status = retendo_ ? ComandoNaUnidade("ROLLBACK TO SAVEPOINT zt_previa", Msg) : Desfaz(Msg);
         return;
     }
-    if ((palavra == "OPEN" || palavra == "REQUERY") && Cursor == 0) {
+    if ((palavra == Palavra::Open || palavra == Palavra::Requery) && Cursor == 0) {
         // A whole statement text: REQUERY hands back its first row and keeps
         // nothing; OPEN keeps the result under a new handle for NEXT and CLOSE.
         if (!Dados.eTexto()) {
             Status = status::Falha;
-            Msg = palavra + " sem cursor espera o texto de um comando";
+            Msg = Normaliza(transacao) + " sem cursor espera o texto de um comando";
             return;
         }
         auto cmd = Prepara(Dados.texto(), true, Msg);
@@ -121,7 +142,7 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
         c.comando = std::move(cmd);
         c.avulso = true;
         Roda(c, Valor(), Status, Msg, Retorno);
-        if (palavra == "OPEN" && (Status == status::Ok || Status == status::SemLinha)) {
+        if (palavra == Palavra::Open && (Status == status::Ok || Status == status::SemLinha)) {
             Cursor = Guarda(std::move(c));
             if (!Cursor) {
                 Status = status::Falha;
@@ -136,16 +157,24 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
         Msg = "Cursor inválido: " + std::to_string(Cursor);
         return;
     }
-    if (palavra == "OPEN" || palavra == "REQUERY" || palavra == "EXECUTE") {
+    switch (palavra) {
+    case Palavra::Open:
+    case Palavra::Requery:
+    case Palavra::Execute:
         Roda(*c, Dados, Status, Msg, Retorno);
-    } else if (palavra == "NEXT" || palavra == "PREV" || palavra == "FIRST" || palavra == "LAST") {
+        return;
+    case Palavra::Next:
+    case Palavra::Prev:
+    case Palavra::First:
+    case Palavra::Last:
         if (!c->aberto) {
             Status = status::Falha;
             Msg = "Cursor " + std::to_string(Cursor) + " não está aberto";
             return;
         }
         Move(*c, palavra, Status, Msg, Retorno);
-    } else if (palavra == "CLOSE") {
+        return;
+    case Palavra::Close:
         if (c->avulso) {
             cursores_[static_cast<size_t>(Cursor)].reset();
         } else {
@@ -154,12 +183,14 @@ void ConectorComum::ProcessaPalavra(const std::string& palavra, int16_t& Cursor,
             c->aberto = false;
         }
         Status = status::Ok;
-    } else if (palavra == "#INSERT" || palavra == "#UPDATE" || palavra == "#DELETE") {
+        return;
+    case Palavra::SemSuporte:
         Status = status::Falha;
-        Msg = "Comando " + palavra + " não é suportado por este conector";
-    } else {
+        Msg = "Comando " + Normaliza(transacao) + " não é suportado por este conector";
+        return;
+    default:
         Status = status::Falha;
-        Msg = "Comando desconhecido: " + palavra;
+        Msg = "Comando desconhecido: " + Normaliza(transacao);
     }
 }
 
@@ -179,18 +210,17 @@ void ConectorComum::Roda(Cursor& c, const Valor& dados, std::string& Status, std
     if (Status != status::Ok) return;
     c.aberto = true;
     if (!c.comando->EhConsulta()) return; // a change: nothing to position on
-    Move(c, "FIRST", Status, Msg, Retorno);
+    Move(c, Palavra::First, Status, Msg, Retorno);
 }
 
-void ConectorComum::Move(Cursor& c, const std::string& palavra, std::string& Status, std::string& Msg,
-                         Valor& Retorno) {
+void ConectorComum::Move(Cursor& c, Palavra palavra, std::string& Status, std::string& Msg, Valor& Retorno) {
     const long n = static_cast<long>(c.resultado.linhas.size());
     long p = c.posicao;
-    if (palavra == "NEXT")
+    if (palavra == Palavra::Next)
         p = p + 1;
-    else if (palavra == "PREV")
+    else if (palavra == Palavra::Prev)
         p = p - 1;
-    else if (palavra == "FIRST")
+    else if (palavra == Palavra::First)
         p = 0;
     else
         p = n - 1;

@@ -23,6 +23,13 @@ class ConectorComum : public ConectorBD {
     bool RetemAlteracoes(bool reter, std::string& msg) final;
     bool TravaParaAlterar(const std::string& chave, std::string& msg) final;
 
+    // The command words a call can carry.
+    enum class Palavra {
+        Prepare, Commit, Rollback, Open, Requery, Execute, Next, Prev, First, Last, Close,
+        SemSuporte, // a word of the contract this connector does not take
+        Desconhecida
+    };
+
   protected:
     // A prepared statement of the database kind.
     struct Comando {
@@ -66,9 +73,9 @@ class ConectorComum : public ConectorBD {
     Cursor* Acha(int16_t handle);
     int16_t Guarda(Cursor c);
     void Roda(Cursor& c, const Valor& dados, std::string& Status, std::string& Msg, Valor& Retorno);
-    void Move(Cursor& c, const std::string& palavra, std::string& Status, std::string& Msg, Valor& Retorno);
-    void ProcessaPalavra(const std::string& palavra, int16_t& Cursor, std::string& Status, std::string& Msg,
-                         Valor& Dados, Valor& Retorno);
+    void Move(Cursor& c, Palavra palavra, std::string& Status, std::string& Msg, Valor& Retorno);
+    void ProcessaPalavra(Palavra palavra, const std::string& transacao, int16_t& Cursor, std::string& Status,
+                         std::string& Msg, Valor& Dados, Valor& Retorno);
 
     std::vector<std::optional<Cursor>> cursores_; // index = handle
     int16_t conexao_ = 0;

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <sqlite3.h>
+#include <unistd.h>
+
 #include "common/conversao.h"
 #include "common/texto.h"
 #include "data/banco_dados.h"
@@ -88,6 +92,25 @@ TEST_P(Despachante, MovimentosNoResultadoAbertoDao23ForaDasPontas) {
     EXPECT_EQ(Envia("PREV", cur), "23");
     Envia("NEXT", cur);
     EXPECT_EQ(Codigo(), "A") << "back in from before the first row";
+}
+
+// Hosts send their words in any case, with spaces about them; a word the
+// connector does not take fails with its name in upper case.
+TEST_P(Despachante, PalavrasEmQualquerCaixaEAsDesconhecidasDao99ComSeuNome) {
+    int16_t cur = Prepara(Sel);
+    ASSERT_EQ(Envia(" open ", cur, Valor::Lista{1}), "00") << c().Msg;
+    EXPECT_EQ(Envia("Next", cur), "00");
+    EXPECT_EQ(Codigo(), "B");
+    EXPECT_EQ(Envia("last  ", cur), "00");
+    EXPECT_EQ(Codigo(), "C");
+    EXPECT_EQ(Envia(" #insert", cur), "99");
+    EXPECT_EQ(c().Msg, "Comando #INSERT não é suportado por este conector");
+    EXPECT_EQ(Envia("nexts", cur), "99");
+    EXPECT_EQ(c().Msg, "Comando desconhecido: NEXTS");
+    EXPECT_EQ(Envia("requery", 0, Valor::Lista{1}), "99");
+    EXPECT_EQ(c().Msg, "REQUERY sem cursor espera o texto de um comando");
+    EXPECT_EQ(Envia("PREV", cur), "00") << "the open result kept its place through the failures";
+    EXPECT_EQ(Codigo(), "B");
 }
 
 TEST_P(Despachante, RequeryEExecuteDeConsultaRodamDeNovoComOutrosValores) {
@@ -206,6 +229,35 @@ TEST(DialetoSqlite, IsNullViraIfNullForaDeAspas) {
               "SELECT 'ISNULL(' , \"ISNULL(\" FROM t WHERE a ISNULL")
         << "quoted texts, names and the postfix operator stay";
     EXPECT_EQ(ConectorSqlite::TraduzDialeto("SELECT MYISNULL(a) FROM t"), "SELECT MYISNULL(a) FROM t");
+}
+
+// Opens a new file through the connector and reads a few hundred texts;
+// 0 when that went well and SQLite counted no allocation.
+int AbreELeSemContar() {
+    const auto arquivo =
+        std::filesystem::temp_directory_path() / ("ztolvan-memoria-" + std::to_string(getpid()) + ".db");
+    std::string msg, st, servidor = "ACCESS", banco = arquivo.string(), usuario, senha;
+    int16_t conexao = 0;
+    bool ok = ConectorSqlite::CriaArquivo(banco, msg);
+    ConectorSqlite c;
+    c.ZConnectOpen(servidor, banco, usuario, senha, conexao, st, msg);
+    TabelaResultado t;
+    c.Consulta(conexao,
+               "WITH RECURSIVE s(g) AS (SELECT 1 UNION ALL SELECT g + 1 FROM s WHERE g < 500) "
+               "SELECT group_concat(printf('%08d', g)) FROM s",
+               t, st, msg);
+    ok = ok && st == "00" && t.linhas.size() == 1;
+    c.ZConnectClose(conexao);
+    std::filesystem::remove(arquivo);
+    return ok && sqlite3_memory_highwater(0) == 0 ? 0 : 1;
+}
+
+// The file database is opened with SQLite's allocation count off: every
+// statement's allocations would otherwise take one process-wide mutex. Run in
+// a process of its own, where the component is the first to open a file.
+TEST(ConectorSqliteProcesso, AbreArquivosSemContarAlocacoes) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::exit(AbreELeSemContar()), ::testing::ExitedWithCode(0), "");
 }
 
 } // namespace
