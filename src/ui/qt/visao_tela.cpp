@@ -233,6 +233,12 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
     case TipoControle::Grade: {
         auto* v = new QTableView(this);
         auto* g = static_cast<Grade*>(pc);
+        // The grid's font before its model: the header measures its
+        // captions once, in the font they are shown in.
+        v->setFont(FonteQt(c.Font));
+        v->horizontalHeader()->setFont(v->font());
+        i.fonte = c.Font;
+        i.temFonte = true;
         i.grade = new ModeloGrade(*g, v);
         v->setModel(i.grade);
         v->setItemDelegate(new DelegadoGrade(v));
