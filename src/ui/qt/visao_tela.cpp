@@ -47,6 +47,9 @@ struct Sincronizando {
     ~Sincronizando() { --n; }
 };
 
+// A grid row: one line of its font with a little air.
+int AlturaLinha(const QFont& f) { return QFontMetrics(f).height() + 4; }
+
 void Paleta(QWidget* w, std::initializer_list<std::pair<QPalette::ColorRole, Cor>> cores) {
     QPalette p = w->palette();
     for (auto [papel, cor] : cores)
@@ -233,10 +236,12 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
     case TipoControle::Grade: {
         auto* v = new QTableView(this);
         auto* g = static_cast<Grade*>(pc);
-        // The grid's font before its model: the header measures its
-        // captions once, in the font they are shown in.
+        // The grid's font and row height before its model: the header
+        // measures its captions once, in the font they are shown in, and
+        // thousands of rows are never resized one by one.
         v->setFont(FonteQt(c.Font));
         v->horizontalHeader()->setFont(v->font());
+        v->verticalHeader()->setDefaultSectionSize(AlturaLinha(v->font()));
         i.fonte = c.Font;
         i.temFonte = true;
         i.grade = new ModeloGrade(*g, v);
@@ -504,7 +509,7 @@ void VisaoTela::SincronizaGrade(Item& i) {
         const QFontMetrics fm(v->font());
         // Headers take the platform's header font unless told.
         if (v->horizontalHeader()->font() != v->font()) v->horizontalHeader()->setFont(v->font());
-        v->verticalHeader()->setDefaultSectionSize(fm.height() + 4);
+        v->verticalHeader()->setDefaultSectionSize(AlturaLinha(v->font()));
         for (int c = 0; c < g.Cols(); ++c) {
             const int ms = g.LarguraM(c);
             v->setColumnHidden(c, ms == 0);
