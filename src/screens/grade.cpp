@@ -15,7 +15,12 @@ void Grade::Confere(int r, int c) const {
 
 void Grade::DefineRows(int n) {
     if (n < 0) throw ForaDaGrade();
-    celulas_.resize(static_cast<size_t>(n) * colunas_);
+    const size_t tamanho = static_cast<size_t>(n) * colunas_;
+    for (size_t i = tamanho; i < celulas_.size(); ++i) {
+        celulas_[i].clear();
+        sobras_.push_back(std::move(celulas_[i]));
+    }
+    celulas_.resize(tamanho);
     linhas_ = n;
     linha_ = std::clamp(linha_, 0, std::max(0, n - 1));
     linhaSel_ = std::clamp(linhaSel_, 0, std::max(0, n - 1));
@@ -102,15 +107,19 @@ void Grade::AddItem(std::string_view linha) {
     MudouEstrutura();
 }
 
-void Grade::AddItem(std::span<std::string> celulas) {
-    const size_t n = static_cast<size_t>(colunas_);
-    for (size_t c = 0; c < n; ++c)
-        if (c < celulas.size())
-            celulas_.push_back(std::move(celulas[c]));
-        else
+std::span<std::string> Grade::NovaLinha() {
+    const size_t base = celulas_.size();
+    for (int c = 0; c < colunas_; ++c) {
+        if (sobras_.empty()) {
             celulas_.emplace_back();
+        } else {
+            celulas_.push_back(std::move(sobras_.back()));
+            sobras_.pop_back();
+        }
+    }
     ++linhas_;
     MudouEstrutura();
+    return std::span<std::string>(celulas_).subspan(base);
 }
 
 void Grade::Clear() {

@@ -66,8 +66,10 @@ class Grade : public Controle {
     // Adds a row at the end from one text whose cells are separated by tabs;
     // cells beyond the column count are dropped.
     void AddItem(std::string_view linha);
-    // The same with the cells already apart, each moved in as it is.
-    void AddItem(std::span<std::string> celulas);
+    // Adds an empty row at the end and hands back its cells to be written in
+    // place: a reload into the same grid writes into the texts of the rows
+    // it cut, with no text of its own to make and move.
+    std::span<std::string> NovaLinha();
     // Room for this many rows, so a long load does not move the cells again.
     void Reserva(int linhas) { celulas_.reserve(static_cast<size_t>(linhas) * colunas_); }
     // Empties every cell (rows and columns stay).
@@ -93,6 +95,7 @@ class Grade : public Controle {
     int linhas_ = 0, colunas_ = 0;
     int linha_ = 0, coluna_ = 0, linhaSel_ = 0;
     std::vector<std::string> celulas_; // linhas_ * colunas_
+    std::vector<std::string> sobras_;  // emptied cells of cut rows, for new ones
     std::vector<int> larguras_;
     std::vector<AlinhamentoGrade> alinhamentos_;
     uint64_t versao_ = 0, versaoEstrutura_ = 0;

@@ -522,8 +522,10 @@ void TolvanF01::ListaAgrupamentos(Listagem tipo, std::string& resultado, const c
                 (tipo != Listagem::ComEquivalencia || Val(TextoFixo(TextoDe(k.Retorno[3], apoio), 20)) > 0)) {
                 const bool inativo = CInt(k.Retorno[2]) != 0;
                 const std::string_view nome = TextoDe(k.Retorno[4], apoio);
-                std::string celulas[] = {codigo, TextoFixo(nome, 40), inativo ? "Inativo" : "Ativo"};
-                MSFGAgrupamento.AddItem(celulas);
+                const std::span<std::string> celulas = MSFGAgrupamento.NovaLinha();
+                celulas[0] = codigo;
+                TextoFixoEm(celulas[1], nome, 40);
+                celulas[2] = inativo ? "Inativo" : "Ativo";
                 nomes_.emplace_back(AparaVista(EsquerdaVista(nome, 100)));
             }
             primeira = false;
@@ -807,22 +809,22 @@ void TolvanF01::sbPesquisaProdutos() {
             const double valor = CDbl(rs.ValorNa(cValor));
             linha = 70;
             // mark, description, availability, supplier (40 of its 60), quantity, unit value, total,
-            // packaging, equivalence, product, reference, price type: each cell's text made once
-            // and moved into the grid.
-            std::string celulas[] = {marca,
-                                     std::string(AparaVista(EsquerdaVista(AparaVista(texto(cDsc)), 100))),
-                                     Situacao(DisponDe(rs.ValorNa(cDispon))),
-                                     TextoFixo(texto(cForn), 40),
-                                     CStr(Valor(qtd)),
-                                     FormataMoeda(valor),
-                                     FormataMoeda(valor * qtd),
-                                     TextoFixo(texto(cEmbal), 2),
-                                     TextoFixo(texto(cEquiv), 20),
-                                     TextoFixo(texto(cItem), 20),
-                                     TextoFixo(texto(cRef), 20),
-                                     TextoDecimal(TipoDe(rs.ValorNa(cTipo)))};
+            // packaging, equivalence, product, reference, price type: each written in place into
+            // the new row's cells, which keep the storage of the rows the last load cut.
+            const std::span<std::string> celulas = GCon1.NovaLinha();
+            celulas[ColMarca] = marca;
+            celulas[ColDescricao] = AparaVista(EsquerdaVista(AparaVista(texto(cDsc)), 100));
+            celulas[ColSituacao] = Situacao(DisponDe(rs.ValorNa(cDispon)));
+            TextoFixoEm(celulas[ColFornecedor], texto(cForn), 40);
+            celulas[ColQtd] = CStr(Valor(qtd));
+            celulas[ColValUnit] = FormataMoeda(valor);
+            celulas[ColValTotal] = FormataMoeda(valor * qtd);
+            TextoFixoEm(celulas[ColEmbalagem], texto(cEmbal), 2);
+            TextoFixoEm(celulas[ColEquivalencia], texto(cEquiv), 20);
+            TextoFixoEm(celulas[ColProduto], texto(cItem), 20);
+            TextoFixoEm(celulas[ColReferencia], texto(cRef), 20);
+            celulas[ColTipo] = TextoDecimal(TipoDe(rs.ValorNa(cTipo)));
             equivalencias.push_back(celulas[ColEquivalencia]);
-            GCon1.AddItem(celulas);
             linha = 60;
         }
         equivalencias.emplace_back();
