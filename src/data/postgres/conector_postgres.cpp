@@ -77,6 +77,7 @@ class ResultadoPg final : public LinhasLidas::Fonte {
                 continue;
             }
             const char* t = PQgetvalue(r, i, j);
+            const auto tamanho = static_cast<size_t>(PQgetlength(r, i, j));
             switch (tipos_[static_cast<size_t>(j)]) {
             case Tipo::Logico:
                 v = Valor(static_cast<int64_t>(t[0] == 't' ? 1 : 0));
@@ -86,12 +87,12 @@ class ResultadoPg final : public LinhasLidas::Fonte {
                 break;
             case Tipo::Numero: {
                 double d = 0.0;
-                LeNumero(t, d);
+                LeNumero(std::string_view(t, tamanho), d);
                 v = Valor(d);
                 break;
             }
             case Tipo::Texto:
-                LinhasLidas::PoeTexto(v, std::string_view(t, static_cast<size_t>(PQgetlength(r, i, j))));
+                LinhasLidas::PoeTexto(v, std::string_view(t, tamanho));
             }
         }
     }

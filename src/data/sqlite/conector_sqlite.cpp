@@ -19,8 +19,8 @@ namespace {
 bool LetraDeNome(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$'; }
 
 // SQLite counts every allocation of every statement under one process-wide
-// mutex, for figures nobody here reads; a listing of many rows spends a
-// third of its time on it. The count is off before the first file is opened.
+// mutex, for figures nobody here reads; a listing of many rows spent over
+// a quarter of its time on it. The count is off before the first file is opened.
 // A host that started SQLite before keeps its own settings (the call is then
 // refused, and harmless).
 void PreparaSqlite() {
