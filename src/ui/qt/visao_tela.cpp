@@ -239,11 +239,9 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
         // The grid's font and row height before its model: the header
         // measures its captions once, in the font they are shown in, and
         // thousands of rows are never resized one by one.
-        v->setFont(FonteQt(c.Font));
+        AplicaFonte(i, v);
         v->horizontalHeader()->setFont(v->font());
         v->verticalHeader()->setDefaultSectionSize(AlturaLinha(v->font()));
-        i.fonte = c.Font;
-        i.temFonte = true;
         i.grade = new ModeloGrade(*g, v);
         v->setModel(i.grade);
         v->setItemDelegate(new DelegadoGrade(v));
@@ -354,6 +352,14 @@ void VisaoTela::Sincroniza() {
     }
 }
 
+void VisaoTela::AplicaFonte(Item& i, QWidget* w) {
+    if (i.temFonte && i.fonte == i.controle->Font) return;
+    w->setFont(FonteQt(i.controle->Font));
+    i.fonte = i.controle->Font;
+    i.temFonte = true;
+    i.versaoLista = UINT64_MAX; // a grid's widths follow its font
+}
+
 void VisaoTela::SincronizaItem(Item& i) {
     Controle& c = *i.controle;
     QWidget* w = i.widget;
@@ -374,13 +380,7 @@ void VisaoTela::SincronizaItem(Item& i) {
     const QString dica = Q(c.ToolTipText);
     if (w->toolTip() != dica) w->setToolTip(dica);
 
-    if (i.tipo != TipoControle::Forma && i.tipo != TipoControle::BarraTitulo &&
-        (!i.temFonte || !(i.fonte == c.Font))) {
-        w->setFont(FonteQt(c.Font));
-        i.fonte = c.Font;
-        i.temFonte = true;
-        i.versaoLista = UINT64_MAX; // a grid's widths follow its font
-    }
+    if (i.tipo != TipoControle::Forma && i.tipo != TipoControle::BarraTitulo) AplicaFonte(i, w);
     if (c.RecebeFoco()) {
         const Qt::FocusPolicy politica = c.TabStop ? Qt::StrongFocus : Qt::ClickFocus;
         if (w->focusPolicy() != politica) w->setFocusPolicy(politica);

@@ -97,6 +97,8 @@ class VisaoTela : public QDialog {
     Item CriaItem(Controle& c);
     void Reconstroi();
     void SincronizaItem(Item& i);
+    // The control's font on its widget, when it changed since last shown.
+    static void AplicaFonte(Item& i, QWidget* w);
     void SincronizaGrade(Item& i);
     void SincronizaMenus();
     void SincronizaFoco();
