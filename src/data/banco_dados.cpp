@@ -23,6 +23,10 @@ const Valor& RecordSet::ValorNa(size_t indice) const {
 
 bool clsBancoDados::fcAbreBancoDadosVeltra(int16_t) { return ConectorAtual() != nullptr; }
 
+void clsBancoDados::Antecipa(int16_t, const std::string& texto) {
+    if (ConectorBD* k = ConectorAtual()) k->Antecipa(texto);
+}
+
 ResultadoComando clsBancoDados::fcExecutaComando(int16_t, const std::string& texto, bool) {
     ResultadoComando r;
     ConectorBD* k = ConectorAtual();

@@ -58,6 +58,9 @@ class clsBancoDados {
     bool fcAbreBancoDadosVeltra(int16_t conexao);
     // The third argument (always false in the component) is accepted and has no effect.
     ResultadoComando fcExecutaComando(int16_t conexao, const std::string& texto, bool flag);
+    // Starts the query that the next fcExecutaComando will run with the same
+    // text, so that the database works on it while the caller does.
+    void Antecipa(int16_t conexao, const std::string& texto);
 };
 
 } // namespace ztolvan

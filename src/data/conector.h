@@ -44,6 +44,11 @@ class ConectorBD {
     // preview's held unit nothing is needed. false with msg when the lock
     // cannot be had.
     virtual bool TravaParaAlterar(const std::string& chave, std::string& msg) = 0;
+    // A query the caller will run next through Consulta, with the same
+    // text, started now: a server works on it while the caller goes on, and
+    // that Consulta takes its rows. Any other statement before it drops the
+    // early one first, so what it reads is never older than the call.
+    virtual void Antecipa(const std::string& Texto) = 0;
 };
 
 } // namespace ztolvan

@@ -22,6 +22,9 @@ class ConectorComum : public ConectorBD {
                   std::string& Msg) final;
     bool RetemAlteracoes(bool reter, std::string& msg) final;
     bool TravaParaAlterar(const std::string& chave, std::string& msg) final;
+    // Where the database runs in this process there is no one to work
+    // meanwhile: the query runs when it is asked for.
+    void Antecipa(const std::string&) override {}
 
     // The command words a call can carry.
     enum class Palavra {

@@ -23,16 +23,23 @@ std::string Nomes(const std::vector<const ItemDisponivel*>& itens) {
     return r;
 }
 
+std::string SqlSaldos(int16_t empresa, const std::string& agrupamento) {
+    const std::string e = TextoDecimal(empresa);
+    return "SELECT T2.CODITEM, T2.QTDITATU, T2.QTDITBLOQ FROM TBMAT T2 WHERE T2.EMPRESA = " + e +
+           " AND T2.CODITEM IN (SELECT T1.CODITEM FROM TBMATAG T1 WHERE T1.EMPRESA = " + e + " AND T1.CODIGO = '" +
+           DobraAspas(Apara(agrupamento)) + "')";
+}
+
 } // namespace
 
+void AntecipaSaldos(int16_t empresa, const std::string& agrupamento) {
+    clsBancoDados().Antecipa(1, SqlSaldos(empresa, agrupamento));
+}
+
 std::optional<SaldoDosProdutos> LeSaldos(int16_t empresa, const std::string& agrupamento, std::string& erro) {
-    const std::string e = TextoDecimal(empresa);
-    const std::string sql = "SELECT T2.CODITEM, T2.QTDITATU, T2.QTDITBLOQ FROM TBMAT T2 WHERE T2.EMPRESA = " + e +
-                            " AND T2.CODITEM IN (SELECT T1.CODITEM FROM TBMATAG T1 WHERE T1.EMPRESA = " + e +
-                            " AND T1.CODIGO = '" + DobraAspas(Apara(agrupamento)) + "')";
     clsBancoDados bd;
     bd.fcAbreBancoDadosVeltra(1);
-    ResultadoComando r = bd.fcExecutaComando(1, sql, false);
+    ResultadoComando r = bd.fcExecutaComando(1, SqlSaldos(empresa, agrupamento), false);
     if (Formata(Valor(r.situacao), "00") != "00") {
         erro = r.mensagem;
         return std::nullopt;

@@ -47,6 +47,9 @@ struct Disponibilidade {
 // The free stock of every product of the grouping, in one statement; none
 // (with the database's message) when it failed.
 std::optional<SaldoDosProdutos> LeSaldos(int16_t empresa, const std::string& agrupamento, std::string& erro);
+// Starts that statement on a server while the caller does other work; the
+// next LeSaldos of the same grouping takes its rows.
+void AntecipaSaldos(int16_t empresa, const std::string& agrupamento);
 
 // The count over the items: the smallest whole quotient of free stock by
 // need among registered items that need stock; items whose product is not

@@ -86,6 +86,7 @@ class ConectorGravador : public ConectorBD {
     bool TravaParaAlterar(const std::string& chave, std::string& msg) override {
         return real_->TravaParaAlterar(chave, msg);
     }
+    void Antecipa(const std::string& t) override { real_->Antecipa(t); }
 
     std::vector<Chamada> chamadas;
     // A fault to play: when it answers true for a call, the call fails with

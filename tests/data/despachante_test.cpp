@@ -220,6 +220,42 @@ TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
     EXPECT_EQ(bd.fcExecutaComando(1, "", false).situacao, "99");
 }
 
+// A query sent ahead answers its own Consulta in the one round trip it
+// took; anything run in between drops it, so no read is older than its call.
+TEST_P(Despachante, ConsultaAntecipadaNuncaDevolveLinhasVelhas) {
+    clsBancoDados bd;
+    const std::string sql = "SELECT CODIGO FROM TBX WHERE EMPRESA = 1 ORDER BY CODIGO";
+    const auto codigos = [&](const std::string& texto) {
+        auto r = bd.fcExecutaComando(1, texto, false);
+        std::string vistos = r.situacao + ":";
+        for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext())
+            vistos += Apara(rs.Fields("CODIGO").Value.texto());
+        return vistos;
+    };
+    const uint64_t antes = ConectorPostgres::IdasEVoltas();
+    bd.Antecipa(1, sql);
+    EXPECT_EQ(codigos(sql), "00:ABC");
+    if (db->kind() == Kind::Postgres) {
+        EXPECT_EQ(ConectorPostgres::IdasEVoltas() - antes, 1u);
+    }
+
+    bd.Antecipa(1, sql);
+    EXPECT_EQ(codigos("SELECT CODIGO FROM TBX WHERE EMPRESA = 2"), "00:A") << "another text runs as its own";
+    EXPECT_EQ(codigos(sql), "00:ABC");
+
+    const int16_t ins = PreparaInsercao();
+    bd.Antecipa(1, sql);
+    ASSERT_EQ(Envia("EXECUTE", ins, Linha(1, "D")), "00") << c().Msg;
+    EXPECT_EQ(codigos(sql), "00:ABCD") << "the change made after the early query is seen";
+    EXPECT_EQ(Envia("ROLLBACK", 0), "00");
+
+    bd.Antecipa(1, "SELECT NADA FROM TBX");
+    const auto falha = bd.fcExecutaComando(1, "SELECT NADA FROM TBX", false);
+    EXPECT_EQ(falha.situacao, "99");
+    EXPECT_NE(Maiusculas(falha.mensagem).find("NADA"), std::string::npos) << falha.mensagem;
+    EXPECT_EQ(codigos(sql), "00:ABC");
+}
+
 ZTOLVAN_NOS_DOIS_BANCOS(Despachante);
 
 TEST(DialetoSqlite, IsNullViraIfNullForaDeAspas) {

@@ -229,6 +229,7 @@ bool ConectorPostgres::Conecta(const std::string& Servidor, const std::string& B
 }
 
 void ConectorPostgres::Desconecta() {
+    antecipada_.clear();
     if (conn_) PQfinish(conn_);
     conn_ = nullptr;
     emUnidade_ = false;
@@ -238,6 +239,7 @@ bool ConectorPostgres::Disponivel(std::string& msg) {
     if (PQstatus(conn_) == CONNECTION_OK) return true;
     // A dropped connection: try once to get it back. A pending unit is lost
     // with it, and its statements must be prepared again.
+    antecipada_.clear();
     PQreset(conn_);
     emUnidade_ = false;
     if (PQstatus(conn_) != CONNECTION_OK) {
@@ -256,6 +258,7 @@ bool ConectorPostgres::AjustaSessao(std::string& msg) {
 }
 
 std::string ConectorPostgres::Simples(const char* sql, std::string& msg) {
+    DescartaAntecipada();
     ++idasEVoltas_;
     auto r = Envolve(PQexec(conn_, sql));
     if (PQresultStatus(r.get()) == PGRES_COMMAND_OK || PQresultStatus(r.get()) == PGRES_TUPLES_OK)
@@ -265,6 +268,7 @@ std::string ConectorPostgres::Simples(const char* sql, std::string& msg) {
 }
 
 bool ConectorPostgres::PreparaNoServidor(ComandoPg& c, std::string& msg) {
+    DescartaAntecipada();
     idasEVoltas_ += 2;
     auto r = Envolve(PQprepare(conn_, c.nome.c_str(), c.texto.c_str(), 0, nullptr));
     if (PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
@@ -343,6 +347,7 @@ std::string ConectorPostgres::Le(ComandoPg& c, PGresult* resultado, TabelaResult
 
 std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, TabelaResultado& tabela,
                                    bool comColunas, std::string& msg) {
+    if (PGresult* r = TomaAntecipada(&c, valores)) return Le(c, r, tabela, comColunas, msg);
     if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
     Parametros p(valores);
     ++idasEVoltas_;
@@ -352,6 +357,32 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
     return Le(c, r.release(), tabela, comColunas, msg);
 }
 
+void ConectorPostgres::Antecipa(const std::string& Texto) {
+    // One at a time, and only where the query would run on its own: inside
+    // a unit (or under a lock asked for) a read goes out with other words.
+    if (!conn_ || !antecipada_.empty() || emUnidade_ || !travaPendente_.empty() || !SoLe(Texto) ||
+        PQstatus(conn_) != CONNECTION_OK)
+        return;
+    int parametros = 0;
+    std::string texto = Numera(Texto, parametros);
+    if (parametros != 0) return;
+    ++idasEVoltas_;
+    if (PQsendQueryParams(conn_, texto.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0))
+        antecipada_ = std::move(texto);
+}
+
+PGresult* ConectorPostgres::TomaAntecipada(const ComandoPg* c, const Valor::Lista& valores) {
+    if (antecipada_.empty()) return nullptr;
+    const bool ela = c && c->avulso && valores.empty() && c->texto == antecipada_;
+    antecipada_.clear();
+    PGresult* r = PQgetResult(conn_);
+    while (PGresult* resto = PQgetResult(conn_))
+        PQclear(resto);
+    if (ela) return r;
+    PQclear(r);
+    return nullptr;
+}
+
 // The statement between two command words (BEGIN before it; SAVEPOINT before
 // and RELEASE after it), all sent in one round trip through libpq's pipeline.
 // A failing statement leaves the words after it unrun and the unit aborted:
@@ -359,6 +390,7 @@ std::string ConectorPostgres::Roda(ComandoPg& c, const Valor::Lista& valores, Ta
 std::string ConectorPostgres::RodaEntre(std::span<const char* const> antes, ComandoPg& c,
                                         const Valor::Lista& valores, const char* depois, TabelaResultado& tabela,
                                         bool comColunas, std::string& msg) {
+    DescartaAntecipada();
     if (!c.avulso && c.geracao != geracao_ && !PreparaNoServidor(c, msg)) return status::Falha;
     Parametros p(valores);
     if (!PQenterPipelineMode(conn_)) {

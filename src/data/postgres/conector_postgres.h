@@ -27,6 +27,9 @@ class ConectorPostgres : public ConectorComum {
     // Round trips to the server made by every connection of this process
     // (what a slow store network pays for).
     static uint64_t IdasEVoltas() { return idasEVoltas_.load(std::memory_order_relaxed); }
+    // Sends a query that reads only, outside a unit of change, and comes back
+    // at once: the server runs it while the caller works.
+    void Antecipa(const std::string& Texto) override;
 
   protected:
     bool Conecta(const std::string& Servidor, const std::string& Banco, const std::string& Usuario,
@@ -54,6 +57,10 @@ class ConectorPostgres : public ConectorComum {
                      std::string& msg);
     std::string RodaEntre(std::span<const char* const> antes, ComandoPg& c, const Valor::Lista& valores,
                           const char* depois, TabelaResultado& tabela, bool comColunas, std::string& msg);
+    // The early query's result when 'c' is that query, else nullptr; the
+    // early query is over either way (a result nobody takes is dropped).
+    PGresult* TomaAntecipada(const ComandoPg* c, const Valor::Lista& valores);
+    void DescartaAntecipada() { TomaAntecipada(nullptr, {}); }
     // Takes 'r' over: a query's rows stay in it, read a row at a time.
     std::string Le(ComandoPg& c, PGresult* r, TabelaResultado& tabela, bool comColunas, std::string& msg);
 
@@ -63,6 +70,9 @@ class ConectorPostgres : public ConectorComum {
     // A product's lock asked before any statement of its unit: it goes out
     // with the unit's BEGIN and first statement, in the same round trip.
     std::string travaPendente_;
+    // The text ($n placeholders) of a query sent ahead, whose result is
+    // still on its way; empty when none is.
+    std::string antecipada_;
     unsigned geracao_ = 0; // bumped on every (re)connection: prepared names are per session
     unsigned proximoNome_ = 0;
 };

@@ -790,6 +790,8 @@ void TolvanF01::sbPesquisaProdutos() {
         linha = 40;
         if (Formata(Valor(res.situacao), "00") != "00") return;
         linha = 50;
+        // The server looks up the products' stock while the rows are written.
+        estoque::AntecipaSaldos(s.Empresa, codigo);
         GCon1.Clear();
         GridCabecalho();
         linha = 60;
