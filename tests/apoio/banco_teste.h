@@ -86,7 +86,10 @@ class ConectorGravador : public ConectorBD {
     bool TravaParaAlterar(const std::string& chave, std::string& msg) override {
         return real_->TravaParaAlterar(chave, msg);
     }
-    void Antecipa(const std::string& t) override { real_->Antecipa(t); }
+    void Antecipa(const std::string& t) override {
+        antecipadas.push_back(t);
+        real_->Antecipa(t);
+    }
 
     std::vector<Chamada> chamadas;
     // A fault to play: when it answers true for a call, the call fails with
@@ -94,6 +97,8 @@ class ConectorGravador : public ConectorBD {
     std::function<bool(const std::string& transacao)> falha;
     // Statements run through the database object, in order.
     std::vector<std::string> consultas;
+    // Queries sent ahead of their Consulta, in order.
+    std::vector<std::string> antecipadas;
     std::vector<std::string> Palavras() const;
 
   private:

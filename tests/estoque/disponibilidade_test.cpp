@@ -120,6 +120,9 @@ TEST_P(DisponibilidadeNaTela, LinhaSegueMarcasEQuantidadeEODialogoAvisa) {
                   "Estoque atende 20 agrupamentos completos; limitado por Arroz agulhinha tipo 1 5kg")
             << "nothing marked: all items";
         const size_t consultas = gravador->consultas.size();
+        ASSERT_EQ(gravador->antecipadas.size(), 1u);
+        EXPECT_EQ(gravador->antecipadas[0], gravador->consultas.back())
+            << "the stock statement goes out while the rows are written, and is the one read";
 
         f.GCon1.Seleciona(Linha(f, "1002"), 1);
         f.sbMarcarSelecionado();

@@ -4,7 +4,8 @@
 //
 //   ztolvan_qt_janelas_tests                  the checks
 //   ztolvan_qt_janelas_tests --mostra f03     one screen (f01 f02 f03 f04 f05 f07 f08), left to
-//                                             whoever looks at it
+//                                             whoever looks at it; "--mostra f01 servidor"
+//                                             on the PostgreSQL server of the tests
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -46,7 +47,7 @@ namespace {
 
 // A demo database with two groupings whose names sort first.
 struct BancoDemo {
-    BancoDemo() {
+    explicit BancoDemo(Kind k = Kind::Sqlite) : db(k) {
         if (!db.Pronto() || !db.Conecta()) return;
         std::string m;
         if (!SemeiaDemo(m)) return;
@@ -61,7 +62,7 @@ struct BancoDemo {
         SessaoAtual().TipoPreco = "1";
         pronto = true;
     }
-    BancoTeste db{Kind::Sqlite};
+    BancoTeste db;
     bool pronto = false;
 };
 
@@ -227,7 +228,7 @@ TEST_F(JanelasReais, TipoDoAgrupamentoRecusadoPerguntadoEAplicadoPeloTeclado) {
 }
 
 // One dialog in a window until it closes, then what it handed back.
-int Mostra(const std::string& qual) {
+int Mostra(const std::string& qual, Kind kind) {
     static const std::vector<std::string> todas = {"f01", "f02", "f03", "f04", "f05", "f07", "f08"};
     if (std::find(todas.begin(), todas.end(), qual) == todas.end()) {
         std::cerr << "f01, f02, f03, f04, f05, f07 or f08\n";
@@ -239,7 +240,7 @@ int Mostra(const std::string& qual) {
     }
     // The database renews the thread's context: the session and exchange are set after it.
     std::unique_ptr<BancoDemo> banco;
-    if (qual != "f03" && qual != "f04" && qual != "f05") banco = std::make_unique<BancoDemo>();
+    if (qual != "f03" && qual != "f04" && qual != "f05") banco = std::make_unique<BancoDemo>(kind);
     Troca().QtdAlterar = 5;
     Troca().DescricaoAlterar = "AÇÚCAR CRISTAL 1KG";
     Troca().FornecedorAlterar = "Usina São João";
@@ -292,7 +293,8 @@ int Mostra(const std::string& qual) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--mostra") == 0) return Mostra(argv[2]);
+    if ((argc == 3 || argc == 4) && std::strcmp(argv[1], "--mostra") == 0)
+        return Mostra(argv[2], argc == 4 && std::strcmp(argv[3], "servidor") == 0 ? Kind::Postgres : Kind::Sqlite);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
