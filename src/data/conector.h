@@ -47,7 +47,9 @@ class ConectorBD {
     // A query the caller will run next through Consulta, with the same
     // text, started now: a server works on it while the caller goes on, and
     // that Consulta takes its rows. Any other statement before it drops the
-    // early one first, so what it reads is never older than the call.
+    // early one first, so the rows never miss a change this connection made.
+    // Another terminal's commit between the two calls may be missed, as it
+    // may be by any query already running.
     virtual void Antecipa(const std::string& Texto) = 0;
 };
 

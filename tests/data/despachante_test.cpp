@@ -221,7 +221,8 @@ TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
 }
 
 // A query sent ahead answers its own Consulta in the one round trip it
-// took; anything run in between drops it, so no read is older than its call.
+// took; anything run in between drops it, so no change of the connection's
+// own is missed.
 TEST_P(Despachante, ConsultaAntecipadaNuncaDevolveLinhasVelhas) {
     clsBancoDados bd;
     const std::string sql = "SELECT CODIGO FROM TBX WHERE EMPRESA = 1 ORDER BY CODIGO";
