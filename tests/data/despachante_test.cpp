@@ -210,13 +210,16 @@ TEST_P(Despachante, BancoDadosDevolveLinhasPorNomeDeColuna) {
     clsBancoDados bd;
     ASSERT_TRUE(bd.fcAbreBancoDadosVeltra(1));
     auto r = bd.fcExecutaComando(
-        1, "SELECT CODIGO, OBS AS Observacao FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO", false);
+        1, "SELECT CODIGO, OBS AS Observacao, '' AS Branco FROM TBX WHERE EMPRESA = '1' ORDER BY CODIGO", false);
     ASSERT_EQ(r.situacao, "00") << r.mensagem;
     std::vector<std::string> vistos;
-    for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext())
-        vistos.push_back(Apara(rs.Fields("codigo").Value.texto()) + "/" +
-                         CStr(rs.Fields("OBSERVACAO").Value));
-    EXPECT_EQ(vistos, (std::vector<std::string>{"A/um", "B/", "C/tres"}));
+    for (auto& rs = r.rsDadosRetorno; !rs.Eof(); rs.MoveNext()) {
+        // An empty text is a text; only a NULL comes back with no value.
+        const Valor& obs = rs.Fields("OBSERVACAO").Value;
+        vistos.push_back(Apara(rs.Fields("codigo").Value.texto()) + "/" + (obs.vazio() ? "NULL" : CStr(obs)) +
+                         (rs.Fields("BRANCO").Value.eTexto() ? "/texto" : "/?"));
+    }
+    EXPECT_EQ(vistos, (std::vector<std::string>{"A/um/texto", "B/NULL/texto", "C/tres/texto"}));
     EXPECT_EQ(bd.fcExecutaComando(1, "", false).situacao, "99");
 }
 

@@ -72,12 +72,13 @@ class ResultadoPg final : public LinhasLidas::Fonte {
         destino.resize(tipos_.size());
         for (int j = 0; j < static_cast<int>(tipos_.size()); ++j) {
             Valor& v = destino[static_cast<size_t>(j)];
-            if (PQgetisnull(r, i, j)) {
+            const char* t = PQgetvalue(r, i, j);
+            const auto tamanho = static_cast<size_t>(PQgetlength(r, i, j));
+            // Only an empty value can be a NULL: one call less per value read.
+            if (tamanho == 0 && PQgetisnull(r, i, j)) {
                 v = Valor();
                 continue;
             }
-            const char* t = PQgetvalue(r, i, j);
-            const auto tamanho = static_cast<size_t>(PQgetlength(r, i, j));
             switch (tipos_[static_cast<size_t>(j)]) {
             case Tipo::Logico:
                 v = Valor(static_cast<int64_t>(t[0] == 't' ? 1 : 0));
