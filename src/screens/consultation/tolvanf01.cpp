@@ -513,23 +513,29 @@ void TolvanF01::ListaAgrupamentos(Listagem tipo, std::string& resultado, const c
             resultado = "99/Erro não Prévisto, " + k.Msg;
         linha = 60;
         // One row per grouping: the statement gives one per item, so only a
-        // row whose code differs from the one before is read further.
-        std::string codigo, anterior, apoio;
+        // row whose code differs from the one before is read further. A code
+        // in the very text of the row before is that code: it is not made
+        // fixed-width again.
+        std::string codigo, anterior, bruto, apoio;
         bool primeira = true;
         while (k.Status == status::Ok) {
-            TextoFixoEm(codigo, TextoDe(k.Retorno[0], apoio), 20);
-            if ((primeira || codigo != anterior) &&
-                (tipo != Listagem::ComEquivalencia || Val(TextoFixo(TextoDe(k.Retorno[3], apoio), 20)) > 0)) {
-                const bool inativo = CInt(k.Retorno[2]) != 0;
-                const std::string_view nome = TextoDe(k.Retorno[4], apoio);
-                const std::span<std::string> celulas = MSFGAgrupamento.NovaLinha();
-                celulas[0] = codigo;
-                TextoFixoEm(celulas[1], nome, 40);
-                celulas[2] = inativo ? "Inativo" : "Ativo";
-                nomes_.emplace_back(AparaVista(EsquerdaVista(nome, 100)));
+            const std::string_view texto = TextoDe(k.Retorno[0], apoio);
+            if (primeira || texto != bruto) {
+                bruto.assign(texto);
+                TextoFixoEm(codigo, texto, 20);
+                if ((primeira || codigo != anterior) &&
+                    (tipo != Listagem::ComEquivalencia || Val(TextoFixo(TextoDe(k.Retorno[3], apoio), 20)) > 0)) {
+                    const bool inativo = CInt(k.Retorno[2]) != 0;
+                    const std::string_view nome = TextoDe(k.Retorno[4], apoio);
+                    const std::span<std::string> celulas = MSFGAgrupamento.NovaLinha();
+                    celulas[0] = codigo;
+                    TextoFixoEm(celulas[1], nome, 40);
+                    celulas[2] = inativo ? "Inativo" : "Ativo";
+                    nomes_.emplace_back(AparaVista(EsquerdaVista(nome, 100)));
+                }
+                primeira = false;
+                anterior.swap(codigo);
             }
-            primeira = false;
-            anterior.swap(codigo);
             k.Cursor = cursor;
             k.Transacao = "NEXT";
             ExecutaComunica();
