@@ -163,6 +163,7 @@ TEST_F(VisaoQt, GradeLidaNoLugarComLarguraEmM) {
     const QFontMetrics fm(tabela->font());
     EXPECT_EQ(tabela->columnWidth(0), fm.horizontalAdvance(QStringLiteral("MMMMM")));
     EXPECT_TRUE(tabela->isColumnHidden(1));
+    EXPECT_TRUE(tabela->verticalHeader()->isHidden()) << "the old grid shows no row numbers";
     EXPECT_EQ(tabela->model()->rowCount(), 1);
 }
 

@@ -236,12 +236,14 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
     case TipoControle::Grade: {
         auto* v = new QTableView(this);
         auto* g = static_cast<Grade*>(pc);
-        // The grid's font and row height before its model: the header
-        // measures its captions once, in the font they are shown in, and
-        // thousands of rows are never resized one by one.
+        // The grid's font, row height and hidden row numbers before its
+        // model: the header measures its captions once, in the font they are
+        // shown in, thousands of rows are never resized one by one, and no
+        // row number is measured for a column nobody sees.
         AplicaFonte(i, v);
         v->horizontalHeader()->setFont(v->font());
         v->verticalHeader()->setDefaultSectionSize(AlturaLinha(v->font()));
+        v->verticalHeader()->hide();
         i.grade = new ModeloGrade(*g, v);
         v->setModel(i.grade);
         v->setItemDelegate(new DelegadoGrade(v));
@@ -251,7 +253,6 @@ VisaoTela::Item VisaoTela::CriaItem(Controle& c) {
         // Tab leaves the grid for the next control, as the old grid did.
         v->setTabKeyNavigation(false);
         v->setWordWrap(false);
-        v->verticalHeader()->hide();
         v->horizontalHeader()->setHighlightSections(false);
         v->horizontalHeader()->setSectionsClickable(false);
         // The view shows what the grid says is current; nothing of its own.
