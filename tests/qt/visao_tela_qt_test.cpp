@@ -4,8 +4,11 @@
 #include <QDialog>
 #include <QAction>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QTableView>
 
 #include "qt/apoio_qt.h"
@@ -13,6 +16,7 @@
 #include "screens/grade.h"
 #include "screens/teclas.h"
 #include "ui/qt/comum_qt.h"
+#include "ui/qt/delegado_grade.h"
 #include "ui/qt/modelo_grade.h"
 
 using namespace ztolvan;
@@ -189,6 +193,52 @@ TEST_F(VisaoQt, ControlesDeExecucaoVemEVaoEACaixaDeFecharPergunta) {
     v->close();
     EXPECT_FALSE(v->isVisible());
     EXPECT_FALSE(t.Carregada());
+}
+
+// A cell's text keeps its place to the pixel when it is laid out once and
+// drawn again: the same picture as one line drawn in the cell, for every
+// alignment the grids use, a tick from another font and a text cut at the
+// edge, on the first paint and on the next.
+TEST_F(VisaoQt, CelulaDesenhaOTextoComoUmaLinhaNaCelula) {
+    QStandardItemModel m(1, 1);
+    const QModelIndex i = m.index(0, 0);
+    DelegadoGrade d;
+    QStyleOptionViewItem o;
+    o.font = QApplication::font();
+    o.palette = QApplication::palette();
+    o.state = QStyle::State_Enabled | QStyle::State_Active;
+    const auto imagem = [&](const auto& desenha) {
+        QImage img(o.rect.width() + 10, o.rect.height() + 6, QImage::Format_ARGB32_Premultiplied);
+        img.fill(Qt::white);
+        QPainter p(&img);
+        desenha(p);
+        return img;
+    };
+    const QString textos[] = {QStringLiteral("Arroz agulhinha tipo 1 5kg"), QStringLiteral("R$ 1.234,56"),
+                              QStringLiteral("\u2714 Café torrado e moído"),
+                              QStringLiteral("Laticínios Serra Verde Indústria e Comércio")};
+    const Qt::Alignment alinhamentos[] = {Qt::AlignLeft | Qt::AlignTop, Qt::AlignLeft | Qt::AlignVCenter,
+                                          Qt::AlignLeft | Qt::AlignBottom, Qt::AlignRight | Qt::AlignVCenter,
+                                          Qt::AlignHCenter | Qt::AlignVCenter};
+    // Rows as tall as the grid makes them for its font, and one pixel
+    // taller (a centred line then falls between two pixels); narrower than
+    // the longest texts.
+    for (const int folga : {4, 5}) {
+        o.rect = QRect(0, 0, 150, QFontMetrics(o.font).height() + folga);
+        for (const QString& t : textos)
+            for (const Qt::Alignment a : alinhamentos) {
+                m.setData(i, t, Qt::DisplayRole);
+                m.setData(i, int(a), Qt::TextAlignmentRole);
+                const QImage linha = imagem([&](QPainter& p) {
+                    p.setPen(o.palette.color(QPalette::Active, QPalette::Text));
+                    p.setFont(o.font);
+                    p.drawText(o.rect.adjusted(3, 1, -3, -1), int(a) | Qt::TextSingleLine, t);
+                });
+                for (const char* vez : {"first paint", "next paint"})
+                    EXPECT_EQ(imagem([&](QPainter& p) { d.paint(&p, o, i); }), linha)
+                        << t.toStdString() << " alignment " << int(a) << " row " << o.rect.height() << ", " << vez;
+            }
+    }
 }
 
 } // namespace
