@@ -28,6 +28,8 @@ qreal AlturaDaLinha(const QString& t, const QFont& f) {
 } // namespace
 
 const DelegadoGrade::Linha& DelegadoGrade::Texto(const QString& t, const QFont& f) const {
+    // Measured at the first text too: the grid's font may be the default
+    // one the member started with.
     if (alturaLinha_ == 0 || f != fonte_) {
         textos_.clear();
         fonte_ = f;
